@@ -1,0 +1,38 @@
+// Stand-ins for the data system's closed libraries: the logon, the security audit library
+// and the help viewers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lumacfg::platform {
+
+class LogonService {
+public:
+    virtual ~LogonService() = default;
+    // Logs the user on for a program; 0 when the user is logged on, non-zero otherwise.
+    // Leaves the user's group as "GroupName" of section "WSX,1" of the station profile.
+    virtual int Logon(std::uintptr_t window, std::string_view programId) = 0;
+};
+
+class SecurityLibrary {
+public:
+    virtual ~SecurityLibrary() = default;
+    virtual void SetConfigSecurity() = 0;
+    virtual void ResetConfigSecurity() = 0;
+    virtual void LogSecurityFlagChange(std::string_view text) = 0;
+};
+
+class HelpViewer {
+public:
+    virtual ~HelpViewer() = default;
+    // Compiled help (".chm"): returns the viewer's answer (the cookie for initialisation).
+    virtual std::intptr_t CompiledHelp(std::uintptr_t window, std::string_view file,
+                                       std::uint32_t command, std::intptr_t data) = 0;
+    // Classic help (".hlp").
+    virtual bool ClassicHelp(std::uintptr_t window, std::string_view file, std::uint32_t command,
+                             std::intptr_t data) = 0;
+};
+
+}  // namespace lumacfg::platform

@@ -1,0 +1,40 @@
+// Files as the data system names them: texts with backslashes, matched without regard to
+// case where the exact name is absent.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumacfg::platform {
+
+class FileSystem {
+public:
+    virtual ~FileSystem() = default;
+    // Length of a file in bytes; nullopt when it cannot be asked (missing file).
+    virtual std::optional<std::uint64_t> FileLength(std::string_view path) = 0;
+    virtual bool Exists(std::string_view path) = 0;  // file or directory
+    // Copies source over target, replacing it; false on any failure.
+    virtual bool CopyFile(std::string_view source, std::string_view target) = 0;
+    virtual bool DeleteFile(std::string_view path) = 0;
+    // Names (not paths) of the regular files of a directory, sorted by name.
+    virtual std::vector<std::string> ListFiles(std::string_view directory) = 0;
+    virtual std::optional<std::string> ReadFile(std::string_view path) = 0;
+    // Replaces a file atomically with the given bytes.
+    virtual bool WriteFile(std::string_view path, std::string_view bytes) = 0;
+};
+
+// The host path of a data-system path: "\" becomes "/", and each component whose exact
+// name is absent is looked up without regard to case.
+std::string HostPath(std::string_view systemPath);
+
+// The program's own directory (no trailing separator): LUMACFG_PROGRAM_DIR when set, else the
+// directory of the running executable. Asked anew on every call.
+std::string ProgramDirectory();
+
+// Joins a directory and a file name with exactly one backslash.
+std::string JoinPath(std::string_view directory, std::string_view name);
+
+}  // namespace lumacfg::platform

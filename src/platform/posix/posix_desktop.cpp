@@ -1,0 +1,96 @@
+// The desktop-session stand-ins: local time, message boxes without a window, the logon and
+// the security audit library.
+#include <grp.h>
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <iostream>
+
+#include "platform/posix/atomic_file.h"
+#include "platform/posix/backends.h"
+#include "platform/services.h"
+
+namespace lumacfg::platform::posix {
+namespace {
+
+class LocalClock final : public Clock {
+public:
+    LocalTime Now() override {
+        std::time_t now = std::time(nullptr);
+        std::tm local{};
+        localtime_r(&now, &local);
+        return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                local.tm_hour,        local.tm_min,     local.tm_sec};
+    }
+};
+
+// Without a window the message is written to the standard error and answered with the
+// default button, as a user pressing Enter would.
+class ConsoleMessages final : public MessageBoxService {
+public:
+    MessageAnswer Show(const MessageRequest& request) override {
+        std::cerr << request.title << ": " << request.text << '\n';
+        switch (request.buttons) {
+            case MessageButtons::Ok:
+                return MessageAnswer::Ok;
+            case MessageButtons::OkCancel:
+                return request.defaultButton == 1 ? MessageAnswer::Cancel : MessageAnswer::Ok;
+            case MessageButtons::YesNo:
+            case MessageButtons::YesNoCancel:
+                return request.defaultButton == 0 ? MessageAnswer::Yes
+                       : request.defaultButton == 1 ? MessageAnswer::No
+                                                    : MessageAnswer::Cancel;
+        }
+        return MessageAnswer::Ok;
+    }
+};
+
+std::string PrimaryGroupName() {
+    if (const group* g = ::getgrgid(::getgid())) return g->gr_name;
+    return {};
+}
+
+// The desktop session's user is logged on; the user's primary group is left in the station
+// profile as "GroupName", where the group test reads it.
+class SessionLogon final : public LogonService {
+public:
+    int Logon(std::uintptr_t, std::string_view) override {
+        std::string profile = JoinPath(ProgramDirectory(), "lumagen.ist");
+        Profiles().WriteString(profile, "WSX,1", "GroupName", PrimaryGroupName());
+        return 0;
+    }
+};
+
+// Each call of the security library is appended to the audit log as one line.
+class AuditLog final : public SecurityLibrary {
+public:
+    void SetConfigSecurity() override { Append("SetConfigSecurity"); }
+    void ResetConfigSecurity() override { Append("ResetConfigSecurity"); }
+    void LogSecurityFlagChange(std::string_view text) override {
+        Append("LogSecurityFlagChange " + std::string(text));
+    }
+
+private:
+    static void Append(const std::string& line) {
+        const char* configured = std::getenv("LUMACFG_AUDIT_LOG");
+        std::string path = configured && *configured
+                               ? configured
+                               : HostPath(JoinPath(ProgramDirectory(), "lumacfg-audit.log"));
+        std::ofstream(path, std::ios::app) << line << '\n';
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<Clock> MakeClock() { return std::make_unique<LocalClock>(); }
+std::unique_ptr<MessageBoxService> MakeMessageBoxService() {
+    return std::make_unique<ConsoleMessages>();
+}
+std::unique_ptr<LogonService> MakeLogonService() { return std::make_unique<SessionLogon>(); }
+std::unique_ptr<SecurityLibrary> MakeSecurityLibrary() { return std::make_unique<AuditLog>(); }
+
+}  // namespace lumacfg::platform::posix

@@ -1,0 +1,161 @@
+#include <dirent.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/posix/atomic_file.h"
+#include "platform/posix/backends.h"
+
+namespace lumacfg::platform {
+namespace {
+
+bool PathExists(const std::string& hostPath) {
+    struct stat info {};
+    return ::lstat(hostPath.c_str(), &info) == 0;
+}
+
+char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return AsciiLower(x) == AsciiLower(y);
+           });
+}
+
+// The entry of `directory` named `component` without regard to case (the smallest such name
+// when several differ only in case), or nullopt.
+std::optional<std::string> FindIgnoringCase(const std::string& directory,
+                                            std::string_view component) {
+    DIR* dir = ::opendir(directory.empty() ? "." : directory.c_str());
+    if (!dir) return std::nullopt;
+    std::optional<std::string> found;
+    while (const dirent* entry = ::readdir(dir)) {
+        std::string_view name = entry->d_name;
+        if (SameNameIgnoringCase(name, component) && (!found || name < *found)) {
+            found = std::string(name);
+        }
+    }
+    ::closedir(dir);
+    return found;
+}
+
+}  // namespace
+
+std::string HostPath(std::string_view systemPath) {
+    std::string path(systemPath);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    std::string resolved;
+    std::size_t start = 0;
+    if (!path.empty() && path[0] == '/') {
+        resolved = "/";
+        start = 1;
+    }
+    bool parentExists = true;
+    while (start <= path.size()) {
+        std::size_t slash = path.find('/', start);
+        std::string component =
+            path.substr(start, slash == std::string::npos ? std::string::npos : slash - start);
+        if (!component.empty()) {
+            std::string exact = resolved + component;
+            if (parentExists && !PathExists(exact)) {
+                std::string directory = resolved.empty() ? "." : resolved;
+                if (auto match = FindIgnoringCase(directory, component)) {
+                    component = *match;
+                } else {
+                    parentExists = false;
+                }
+            }
+            resolved += component;
+        }
+        if (slash == std::string::npos) break;
+        if (resolved.empty() || resolved.back() != '/') resolved += '/';
+        start = slash + 1;
+    }
+    return resolved;
+}
+
+std::string ProgramDirectory() {
+    std::string directory;
+    if (const char* configured = std::getenv("LUMACFG_PROGRAM_DIR"); configured && *configured) {
+        directory = configured;
+    } else {
+        char buffer[4096];
+        ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+        if (length > 0) directory.assign(buffer, static_cast<std::size_t>(length));
+        std::size_t slash = directory.rfind('/');
+        directory = slash == std::string::npos ? "." : directory.substr(0, slash);
+    }
+    while (directory.size() > 1 && (directory.back() == '/' || directory.back() == '\\')) {
+        directory.pop_back();
+    }
+    return directory;
+}
+
+std::string JoinPath(std::string_view directory, std::string_view name) {
+    std::string path(directory);
+    if (path.empty() || (path.back() != '\\' && path.back() != '/')) path += '\\';
+    path += name;
+    return path;
+}
+
+namespace posix {
+namespace {
+
+class PosixFileSystem final : public FileSystem {
+public:
+    std::optional<std::uint64_t> FileLength(std::string_view path) override {
+        struct stat info {};
+        if (::stat(HostPath(path).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) {
+            return std::nullopt;
+        }
+        return static_cast<std::uint64_t>(info.st_size);
+    }
+
+    bool Exists(std::string_view path) override {
+        struct stat info {};
+        return ::stat(HostPath(path).c_str(), &info) == 0;
+    }
+
+    bool CopyFile(std::string_view source, std::string_view target) override {
+        auto bytes = ReadWholeFile(HostPath(source));
+        return bytes && ReplaceFile(HostPath(target), *bytes);
+    }
+
+    bool DeleteFile(std::string_view path) override {
+        return ::unlink(HostPath(path).c_str()) == 0;
+    }
+
+    std::vector<std::string> ListFiles(std::string_view directory) override {
+        std::vector<std::string> names;
+        std::string host = HostPath(directory);
+        DIR* dir = ::opendir(host.empty() ? "." : host.c_str());
+        if (!dir) return names;
+        while (const dirent* entry = ::readdir(dir)) {
+            struct stat info {};
+            std::string full = host + (host.empty() || host.back() == '/' ? "" : "/") + entry->d_name;
+            if (::stat(full.c_str(), &info) == 0 && S_ISREG(info.st_mode)) {
+                names.emplace_back(entry->d_name);
+            }
+        }
+        ::closedir(dir);
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    std::optional<std::string> ReadFile(std::string_view path) override {
+        return ReadWholeFile(HostPath(path));
+    }
+
+    bool WriteFile(std::string_view path, std::string_view bytes) override {
+        return ReplaceFile(HostPath(path), bytes);
+    }
+};
+
+}  // namespace
+
+std::unique_ptr<FileSystem> MakeFileSystem() { return std::make_unique<PosixFileSystem>(); }
+
+}  // namespace posix
+}  // namespace lumacfg::platform

@@ -1,0 +1,101 @@
+// The profile service on POSIX: our own engine over ProfileDocument, with whole-save batches.
+#include <map>
+
+#include "platform/posix/atomic_file.h"
+#include "platform/posix/backends.h"
+#include "platform/posix/profile_document.h"
+
+namespace lumacfg::platform::posix {
+namespace {
+
+std::string WithoutTrailingBlanks(std::string_view text) {
+    std::size_t end = text.find_last_not_of(" \t");
+    return std::string(end == std::string_view::npos ? std::string_view{} : text.substr(0, end + 1));
+}
+
+ProfileRead Truncated(std::string text, std::size_t size) {
+    std::size_t room = size == 0 ? 0 : size - 1;
+    if (text.size() > room) text.resize(room);
+    std::size_t count = text.size();
+    return {std::move(text), count};
+}
+
+class PosixProfileService final : public ProfileService {
+public:
+    ProfileRead GetString(std::string_view file, std::string_view section, std::string_view key,
+                          std::string_view defaultText, std::size_t size) override {
+        std::string host = HostPath(file);
+        std::optional<std::string> value;
+        if (depth_ > 0) {
+            if (Cached* cached = Load(host)) value = cached->document.Get(section, key);
+        } else if (auto bytes = ReadWholeFile(host)) {
+            value = ProfileDocument(*bytes).Get(section, key);
+        }
+        return Truncated(value ? std::move(*value) : WithoutTrailingBlanks(defaultText), size);
+    }
+
+    bool WriteString(std::string_view file, std::string_view section,
+                     std::optional<std::string_view> key,
+                     std::optional<std::string_view> value) override {
+        std::string host = HostPath(file);
+        if (depth_ > 0) {
+            Cached* cached = Load(host);
+            if (!cached) return false;
+            if (Apply(cached->document, section, key, value)) {
+                cached->dirty = true;
+            }
+            return cached->writable;
+        }
+        auto bytes = ReadWholeFile(host);
+        ProfileDocument document(bytes ? *bytes : std::string{});
+        if (!Apply(document, section, key, value)) return MayWrite(host);
+        return ReplaceFile(host, document.Bytes());
+    }
+
+    void BeginBatch() override { ++depth_; }
+
+    bool EndBatch() override {
+        if (depth_ == 0 || --depth_ > 0) return true;
+        bool ok = true;
+        for (auto& [host, cached] : batch_) {
+            if (cached.dirty) ok = ReplaceFile(host, cached.document.Bytes()) && ok;
+        }
+        batch_.clear();
+        return ok;
+    }
+
+private:
+    struct Cached {
+        ProfileDocument document;
+        bool writable = false;
+        bool dirty = false;
+    };
+
+    Cached* Load(const std::string& host) {
+        auto found = batch_.find(host);
+        if (found != batch_.end()) return &found->second;
+        auto bytes = ReadWholeFile(host);
+        Cached cached{ProfileDocument(bytes ? *bytes : std::string{}), MayWrite(host), false};
+        return &batch_.emplace(host, std::move(cached)).first->second;
+    }
+
+    // Makes one change; true when the document changed. A deletion of what is not there
+    // changes nothing, so it never creates a file.
+    static bool Apply(ProfileDocument& document, std::string_view section,
+                      std::optional<std::string_view> key, std::optional<std::string_view> value) {
+        if (!key) return document.DeleteSection(section);
+        if (!value) return document.DeleteKey(section, *key);
+        return document.Set(section, *key, *value);
+    }
+
+    int depth_ = 0;
+    std::map<std::string, Cached> batch_;
+};
+
+}  // namespace
+
+std::unique_ptr<ProfileService> MakeProfileService() {
+    return std::make_unique<PosixProfileService>();
+}
+
+}  // namespace lumacfg::platform::posix

@@ -1,0 +1,159 @@
+#include "platform/posix/profile_document.h"
+
+#include <algorithm>
+
+namespace lumacfg::platform::posix {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+
+std::string_view Trim(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool SameName(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return AsciiLower(x) == AsciiLower(y);
+           });
+}
+
+// The name of a section header line, or nullopt when the line is no header.
+std::optional<std::string_view> HeaderName(std::string_view line) {
+    std::size_t open = line.find_first_not_of(" \t");
+    if (open == std::string_view::npos || line[open] != '[') return std::nullopt;
+    std::size_t close = line.rfind(']');
+    if (close == std::string_view::npos || close < open) return std::nullopt;
+    return Trim(line.substr(open + 1, close - open - 1));
+}
+
+// The key of a key line, or nullopt when the line holds no "=".
+std::optional<std::string_view> KeyName(std::string_view line) {
+    std::size_t equals = line.find('=');
+    if (equals == std::string_view::npos) return std::nullopt;
+    return Trim(line.substr(0, equals));
+}
+
+std::string_view ValueOf(std::string_view line) {
+    std::string_view value = Trim(line.substr(line.find('=') + 1));
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front()) {
+        value = value.substr(1, value.size() - 2);
+    }
+    return value;
+}
+
+// A value never breaks a line: everything from its first CR or LF on is dropped.
+std::string_view SingleLine(std::string_view value) {
+    return value.substr(0, value.find_first_of("\r\n"));
+}
+
+bool IsBlankLine(std::string_view line) { return Trim(line).empty(); }
+
+}  // namespace
+
+ProfileDocument::ProfileDocument(std::string_view bytes) {
+    std::size_t start = 0;
+    while (start < bytes.size()) {
+        std::size_t newline = bytes.find('\n', start);
+        if (newline == std::string_view::npos) {
+            lines_.push_back({std::string(bytes.substr(start)), ""});
+            break;
+        }
+        bool crlf = newline > start && bytes[newline - 1] == '\r';
+        std::size_t contentEnd = crlf ? newline - 1 : newline;
+        lines_.push_back({std::string(bytes.substr(start, contentEnd - start)), crlf ? "\r\n" : "\n"});
+        start = newline + 1;
+    }
+    if (!lines_.empty() && !lines_.front().ending.empty()) newline_ = lines_.front().ending;
+}
+
+std::optional<ProfileDocument::SectionSpan> ProfileDocument::FindSection(
+    std::string_view section) const {
+    for (std::size_t i = 0; i < lines_.size(); ++i) {
+        auto name = HeaderName(lines_[i].content);
+        if (!name || !SameName(*name, section)) continue;
+        std::size_t end = i + 1;
+        while (end < lines_.size() && !HeaderName(lines_[end].content)) ++end;
+        return SectionSpan{i, end};
+    }
+    return std::nullopt;
+}
+
+std::optional<std::size_t> ProfileDocument::FindKey(const SectionSpan& span,
+                                                    std::string_view key) const {
+    for (std::size_t i = span.header + 1; i < span.end; ++i) {
+        auto name = KeyName(lines_[i].content);
+        if (name && SameName(*name, key)) return i;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> ProfileDocument::Get(std::string_view section,
+                                                std::string_view key) const {
+    auto span = FindSection(section);
+    if (!span) return std::nullopt;
+    auto line = FindKey(*span, key);
+    if (!line) return std::nullopt;
+    return std::string(ValueOf(lines_[*line].content));
+}
+
+void ProfileDocument::InsertLine(std::size_t index, std::string content) {
+    // The line before a new line must end, even when it was the file's unterminated last line.
+    if (index > 0 && lines_[index - 1].ending.empty()) lines_[index - 1].ending = newline_;
+    lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index),
+                  Line{std::move(content), newline_});
+}
+
+bool ProfileDocument::Set(std::string_view section, std::string_view key, std::string_view value) {
+    value = SingleLine(value);
+    auto span = FindSection(section);
+    if (!span) {
+        InsertLine(lines_.size(), "[" + std::string(section) + "]");
+        InsertLine(lines_.size(), std::string(key) + "=" + std::string(value));
+        return true;
+    }
+    if (auto line = FindKey(*span, key)) {
+        Line& changed = lines_[*line];
+        std::string content = std::string(*KeyName(changed.content)) + "=" + std::string(value);
+        if (content == changed.content && changed.ending == newline_) return false;
+        changed.content = std::move(content);
+        changed.ending = newline_;
+        return true;
+    }
+    std::size_t last = span->end - 1;
+    while (last > span->header && IsBlankLine(lines_[last].content)) --last;
+    InsertLine(last + 1, std::string(key) + "=" + std::string(value));
+    return true;
+}
+
+bool ProfileDocument::DeleteKey(std::string_view section, std::string_view key) {
+    auto span = FindSection(section);
+    if (!span) return false;
+    auto line = FindKey(*span, key);
+    if (!line) return false;
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*line));
+    return true;
+}
+
+bool ProfileDocument::DeleteSection(std::string_view section) {
+    auto span = FindSection(section);
+    if (!span) return false;
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(span->header),
+                 lines_.begin() + static_cast<std::ptrdiff_t>(span->end));
+    return true;
+}
+
+std::string ProfileDocument::Bytes() const {
+    std::string bytes;
+    for (const Line& line : lines_) {
+        bytes += line.content;
+        bytes += line.ending;
+    }
+    return bytes;
+}
+
+}  // namespace lumacfg::platform::posix

@@ -1,0 +1,33 @@
+// The machine-wide registry of the data system (local-machine hive), shaped like the few
+// registry calls the system makes: open a key, query, set a string or a 32-bit value, close.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace lumacfg::platform {
+
+class RegistryKey {
+public:
+    virtual ~RegistryKey() = default;  // closes the key
+    virtual std::optional<std::string> QueryString(std::string_view name) = 0;
+    virtual std::optional<std::uint32_t> QueryDword(std::string_view name) = 0;
+    // A string value is stored up to its first NUL (the terminator the callers pass).
+    virtual bool SetString(std::string_view name, std::string_view text) = 0;
+    virtual bool SetDword(std::string_view name, std::uint32_t value) = 0;
+};
+
+enum class RegistryAccess { Read, SetValue };
+
+class Registry {
+public:
+    virtual ~Registry() = default;
+    // Opens an existing key of the local-machine hive ("SOFTWARE\..."); a missing key, or a
+    // store that may not be written when SetValue access is asked for, gives nullptr.
+    virtual std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) = 0;
+};
+
+}  // namespace lumacfg::platform
