@@ -29,11 +29,12 @@ int ProfileDelete(std::string_view section, std::string_view key) {
                                                                                               : 0;
 }
 
-std::optional<std::string> ReadSingleValue(std::string_view section, std::string_view key) {
+std::optional<std::string> ReadSingleValue(std::string_view section, std::string_view key,
+                                           std::string_view defaultText) {
     constexpr std::size_t kSize = 100;
     std::string buffer(kSize, '\0');
     const std::string untouched = buffer;
-    std::size_t count = ProfileGet(section, key, "", buffer, kSize);
+    std::size_t count = ProfileGet(section, key, defaultText, buffer, kSize);
     if (buffer == untouched || count < 1) return std::nullopt;
     return buffer.substr(0, count);
 }

@@ -25,9 +25,11 @@ int ProfileSet(std::string_view section, std::string_view key, std::string_view 
 // Removes the key. Non-zero on success.
 int ProfileDelete(std::string_view section, std::string_view key);
 
-// The single-value read of every load routine: the value of the key, or nullopt when the
-// key is missing or empty (the field then keeps its value).
-std::optional<std::string> ReadSingleValue(std::string_view section, std::string_view key);
+// The single-value read of every load routine (a 100-character buffer): the value of the key
+// (or the default when the key is missing), or nullopt when nothing came back (the field then
+// keeps its value).
+std::optional<std::string> ReadSingleValue(std::string_view section, std::string_view key,
+                                           std::string_view defaultText = "");
 
 // General read of any profile file with a 512-character buffer: `value` gets the text up to
 // its first NUL ("" when nothing came back). Returns AnsiByteLength(value).

@@ -1,0 +1,209 @@
+#include "config/save_configuration.h"
+
+#include <string>
+
+#include "config/config_record.h"
+#include "config/numbers.h"
+#include "config/profile.h"
+#include "integration/vlt_settings.h"
+#include "ui/autosampler/configuration_id.h"
+
+namespace lumacfg {
+namespace {
+
+constexpr std::string_view kSection = "WSX,1";
+constexpr std::string_view kLinks = "WSX_32";
+
+void Write(std::string_view key, std::string_view text) { ProfileSet(kSection, key, text); }
+void WriteInt(std::string_view key, long long value) { Write(key, IntText(value)); }
+void WriteWhole(std::string_view key, double value) {
+    Write(key, FormatNumber(value, NumberFormat::Integer));
+}
+// A field that is stored only while it is non-zero.
+void WriteNonZero(std::string_view key, long long value) {
+    Write(key, value != 0 ? IntText(value) : std::string{});
+}
+
+template <std::size_t N>
+std::string JoinUsed(const std::array<Int16, N>& used) {
+    std::string joined;
+    for (Int16 number : used) {
+        if (number < 1) continue;
+        if (!joined.empty()) joined += ',';
+        joined += IntText(number);
+    }
+    return joined;
+}
+
+void SaveIdentityAndAutosampler(const ConfigRecord& record) {
+    Write("ICPMS_ID", record.ICPMS_ID != 1 ? IntText(FindDevice("SMARTCARD")) : std::string{});
+    WriteInt("KVD_Remote", record.KVD_Remote);
+    WriteInt("NotRepRemote", record.NotRepRemote);
+    WriteNonZero("SI_TYPE", record.SI_TYPE);
+    WriteNonZero("ALS_TYPE", record.ALS_TYPE);
+    Write("ALS_ID", record.ALS_TYPE != 0
+                        ? IntText(FindDevice(AutosamplerDeviceName(record.ALS_TYPE)))
+                        : std::string{});
+}
+
+void SaveInhibitedMasses(const ConfigRecord& record) {
+    std::string masses;
+    for (int i = 0; i < kInhibitCount - 1; ++i) {
+        if (record.INHIBIT_MASS[i] <= 1) continue;
+        if (!masses.empty()) masses += ' ';
+        masses += IntText(record.INHIBIT_MASS[i]);
+    }
+    Write("_INHIBIT", masses);
+}
+
+void SaveLinks() {
+    ConfigRecord& record = Config();
+    for (int i = 0; i < kLinkCount; ++i) {
+        if (record.LINK_USED[i] < 1) {
+            ProfileDelete(kLinks, "Link" + IntText(i + 1));
+            continue;
+        }
+        ComposeLinkString(i);
+        ProfileSet(kLinks, "Link" + IntText(record.LINK_USED[i]), record.LINK_STRING[i]);
+    }
+    ProfileSet(kLinks, "Links", JoinUsed(record.LINK_USED));
+}
+
+void SaveDevices(const ConfigRecord& record) {
+    for (int i = 0; i < kDeviceCount; ++i) {
+        if (record.DEVICE_USED[i] < 1) {
+            ProfileDelete(kLinks, "Device" + IntText(i + 1));
+            continue;
+        }
+        ProfileSet(kLinks, "Device" + IntText(record.DEVICE_USED[i]),
+                   IntText(record.DEVICE_LINK[i]) + "," + record.DEVICE_NAME[i]);
+    }
+    std::string devices = JoinUsed(record.DEVICE_USED);
+    ProfileSet(kLinks, "Devices", devices);
+    Write("Devices", devices);
+}
+
+// Number of rack positions an autosampler type stores; the others are written empty.
+int StoredRackCount(Int16 alsType) {
+    switch (alsType) {
+        case 2:
+            return 1;
+        case 3:
+            return 2;
+        case 6:
+            return 8;
+        default:
+            return 4;
+    }
+}
+
+// The V-AS tray: bottles by tray type, then the probe depths.
+void SaveVasTray(const ConfigRecord& record) {
+    WriteInt("TRAY_ID", record.TRAY_ID);
+    constexpr std::string_view kBottles[] = {"3", "89", "53", "18"};
+    if (record.TRAY_ID >= 0 && record.TRAY_ID <= 3) Write("MAX_BOTTLE", kBottles[record.TRAY_ID]);
+    WriteInt("RINSE_DEPTH", record.RINSE_DEPTH);
+    WriteInt("SAMPLE_DEPTH", record.SAMPLE_DEPTH);
+    WriteInt("STD_DEPTH", record.STD_DEPTH);
+    WriteInt("ONEBOTTLE_DEPTH", record.ONEBOTTLE_DEPTH);
+    WriteInt("ESC_MODE", record.ESC_MODE);
+}
+
+void SaveRacks(ConfigRecord& record) {
+    const int stored = StoredRackCount(record.ALS_TYPE);
+    for (int position = 1; position <= kRackCount; ++position) {
+        std::string key = "RACK" + IntText(position) + "_ID";
+        Write(key, position <= stored ? IntText(RackId(record, position)) : std::string{});
+    }
+    if (record.ALS_TYPE == 5) SaveVasTray(record);
+}
+
+void SaveQcModeAndTiming(const ConfigRecord& record) {
+    Write("PRO_SCAN", record.PRO_SCAN == 1 ? "0" : "1");
+    Write("_QCMDPATH$", record.QCMDPATH);
+    Write("_QCMDFILE$", record.QCMDFILE);
+    WriteInt("DSS_MODE", record.DSS_MODE);
+    WriteWhole("DSS_LOAD", record.DSS_LOAD);
+    WriteWhole("DSS_ACQ", record.DSS_ACQ);
+    WriteWhole("DSS_STAB", record.DSS_STAB);
+    WriteWhole("DSS_SYSRNS", record.DSS_SYSRNS);
+    WriteWhole("DSS_NDLRNS", record.DSS_NDLRNS);
+    WriteWhole("DSS_INJECT", record.DSS_INJECT);
+    WriteWhole("DSS_INTRVL", record.DSS_INTRVL);
+    WriteInt("DSS_REP", record.DSS_REP);
+    WriteInt("DSS_WAIT", record.DSS_WAIT);
+}
+
+void SaveModel(const ConfigRecord& record) {
+    WriteInt("ICPMS_TYPE", record.ICPMS_TYPE);
+    bool q70 = record.ICPMS_TYPE == 1 || record.ICPMS_TYPE == 2;
+    Write("_TUNEPATH$", record.ROOT_PATH + (q70 ? "\\1\\Q70\\" : "\\1\\Q40\\"));
+    Write("INSTNAME", q70 ? "CRVQ70 - Instrument1" : "Q40 - Instrument1");
+}
+
+void SaveOptions(const ConfigRecord& record) {
+    WriteInt("OPT_SC", record.OPT_SC);
+    WriteInt("OPT_PMP2", record.OPT_PMP2);
+    WriteInt("OPT_ORGANIC", record.OPT_ORGANIC);
+    WriteInt("OPT_IMTPUMP", record.OPT_IMTPUMP);
+    WriteInt("OPT_SHUTDOWN", record.OPT_SHUTDOWN);
+    WriteInt("_MPM", record.MPM);
+    Write("_MPMFILE$", record.MPMFILE);
+    Write("_MPMATDIL", record.MPMATDIL != 0 ? "1" : "0");
+    WriteInt("EnableDTCal", record.EnableDTCal);
+}
+
+void SaveSecurityAndVlt(const ConfigRecord& record) {
+    ProfileDelete(kSection, "_SECURITY");
+    WriteConfigurationID(record.SECURITY);
+    Write("_ALWAYSPRT", record.ALWAYSPRT != 0 ? "1" : "0");
+    SetVltEnabled(record.SECURITY == 1 ? record.VLT_ENABLED : 0);
+    SetVltFolder(record.VLT_FOLDER);
+    SetVltTempFolder();
+}
+
+void SaveAnalysisOptions(const ConfigRecord& record) {
+    WriteInt("OPT_AUTOREC", record.OPT_AUTOREC);
+    WriteInt("OPT_STOP_PP", record.OPT_STOP_PP);
+    WriteInt("OPT_CHG_CG", record.OPT_CHG_CG);
+    Write("OPT_CHG_FLW", FormatNumber(record.OPT_CHG_FLW, NumberFormat::TwoDecimals));
+    WriteInt("OPT_CHG_TIME", record.OPT_CHG_TIME);
+    WriteInt("_LCCHEM", record.LCCHEM);
+    WriteInt("ExternalPump", record.ExternalPump);
+}
+
+}  // namespace
+
+std::string_view AutosamplerDeviceName(int alsType) {
+    switch (alsType) {
+        case 1:
+        case 3:
+        case 4:
+            return "ASX500";
+        case 2:
+            return "ASX100";
+        case 5:
+            return "V-AS";
+        case 6:
+            return "KLR-8";
+        default:
+            return {};
+    }
+}
+
+void SaveConfiguration() {
+    ProfileBatch batch;
+    ConfigRecord& record = Config();
+    SaveIdentityAndAutosampler(record);
+    SaveInhibitedMasses(record);
+    SaveLinks();
+    SaveDevices(record);
+    SaveRacks(record);
+    SaveQcModeAndTiming(record);
+    SaveModel(record);
+    SaveOptions(record);
+    SaveSecurityAndVlt(record);
+    SaveAnalysisOptions(record);
+}
+
+}  // namespace lumacfg
