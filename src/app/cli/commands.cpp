@@ -4,7 +4,12 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/tray_command.h"
+#include "config/config_record.h"
+#include "config/record_fields.h"
+#include "config/start_up.h"
 #include "platform/services.h"
+#include "ui/autosampler/custom_racks.h"
 
 namespace lumacfg::cli {
 namespace {
@@ -47,12 +52,35 @@ int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ost
     return kExitOk;
 }
 
+// Start-up as the window runs it, with a command line that is never empty (no logon).
+bool StartStation() { return StartUp(StartUpOptions{.commandLineEmpty = false}); }
+
+int RunShow(std::ostream& out) {
+    if (!StartStation()) return kExitStartUpRefused;
+    PrintRecord(out, Config());
+    return kExitOk;
+}
+
+// What the window loads before it is shown, then what closing it writes after a Save.
+int RunSave() {
+    if (!StartStation()) return kExitStartUpRefused;
+    (void)LoadCurrentTray();
+    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    Config().SAVE_REQ = 1;
+    CloseStation();
+    return kExitOk;
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.empty()) return Usage(err);
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
+    if (args.size() > 1) return Usage(err);
+    if (command == "show") return RunShow(out);
+    if (command == "save") return RunSave();
+    if (command == "tray") return RunTrayCommand(out);
     return Usage(err);
 }
 

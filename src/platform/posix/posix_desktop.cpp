@@ -18,7 +18,7 @@ namespace lumacfg::platform::posix {
 namespace {
 
 class LocalClock final : public Clock {
-public:
+  public:
     LocalTime Now() override {
         std::time_t now = std::time(nullptr);
         std::tm local{};
@@ -31,9 +31,9 @@ public:
 // Without a window the message is written to the standard error and answered with the
 // default button, as a user pressing Enter would.
 class ConsoleMessages final : public MessageBoxService {
-public:
+  public:
     MessageAnswer Show(const MessageRequest& request) override {
-        std::cerr << request.title << ": " << request.text << '\n';
+        std::cerr << request.text << '\n';
         switch (request.buttons) {
             case MessageButtons::Ok:
                 return MessageAnswer::Ok;
@@ -41,7 +41,7 @@ public:
                 return request.defaultButton == 1 ? MessageAnswer::Cancel : MessageAnswer::Ok;
             case MessageButtons::YesNo:
             case MessageButtons::YesNoCancel:
-                return request.defaultButton == 0 ? MessageAnswer::Yes
+                return request.defaultButton == 0   ? MessageAnswer::Yes
                        : request.defaultButton == 1 ? MessageAnswer::No
                                                     : MessageAnswer::Cancel;
         }
@@ -57,7 +57,7 @@ std::string PrimaryGroupName() {
 // The desktop session's user is logged on; the user's primary group is left in the station
 // profile as "GroupName", where the group test reads it.
 class SessionLogon final : public LogonService {
-public:
+  public:
     int Logon(std::uintptr_t, std::string_view) override {
         std::string profile = JoinPath(ProgramDirectory(), "lumagen.ist");
         Profiles().WriteString(profile, "WSX,1", "GroupName", PrimaryGroupName());
@@ -67,14 +67,14 @@ public:
 
 // Each call of the security library is appended to the audit log as one line.
 class AuditLog final : public SecurityLibrary {
-public:
+  public:
     void SetConfigSecurity() override { Append("SetConfigSecurity"); }
     void ResetConfigSecurity() override { Append("ResetConfigSecurity"); }
     void LogSecurityFlagChange(std::string_view text) override {
         Append("LogSecurityFlagChange " + std::string(text));
     }
 
-private:
+  private:
     static void Append(const std::string& line) {
         const char* configured = std::getenv("LUMACFG_AUDIT_LOG");
         std::string path = configured && *configured
@@ -86,11 +86,17 @@ private:
 
 }  // namespace
 
-std::unique_ptr<Clock> MakeClock() { return std::make_unique<LocalClock>(); }
+std::unique_ptr<Clock> MakeClock() {
+    return std::make_unique<LocalClock>();
+}
 std::unique_ptr<MessageBoxService> MakeMessageBoxService() {
     return std::make_unique<ConsoleMessages>();
 }
-std::unique_ptr<LogonService> MakeLogonService() { return std::make_unique<SessionLogon>(); }
-std::unique_ptr<SecurityLibrary> MakeSecurityLibrary() { return std::make_unique<AuditLog>(); }
+std::unique_ptr<LogonService> MakeLogonService() {
+    return std::make_unique<SessionLogon>();
+}
+std::unique_ptr<SecurityLibrary> MakeSecurityLibrary() {
+    return std::make_unique<AuditLog>();
+}
 
 }  // namespace lumacfg::platform::posix

@@ -1,0 +1,34 @@
+// Start-up of the program and the closing steps of the station: whether this run may go on,
+// the data-system root, the add-on programs, the station loaded or created, the edit right;
+// and everything the program writes when its main window closes.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace lumacfg {
+
+struct StartUpOptions {
+    bool commandLineEmpty = true;    // only an interactive start logs on
+    std::uintptr_t mainWindow = 0;   // handed to the logon
+};
+
+// The whole start-up sequence. True: the program goes on; false: it must close at once.
+bool StartUp(const StartUpOptions& options);
+
+// ROOT_PATH of a program directory: the directory without as many trailing characters as
+// "\LUMAEXE" has (the characters themselves are not compared).
+std::string RootPathOf(std::string_view programDirectory);
+
+// 1 when the logged-on user's group may change the configuration, else 0.
+std::int16_t UserMayEdit();
+
+// Set-up mode: the program was started by the data system's set-up ("automate" in
+// "lumacfg.ini"), which removes that key when the program closes.
+bool InSetUpMode();
+
+// What closing the main window writes, whatever closed it.
+void CloseStation();
+
+}  // namespace lumacfg
