@@ -1,0 +1,21 @@
+#!/usr/bin/env bash
+# Installs what is needed, builds with warnings as errors and runs every test; then builds
+# and runs the same tests with AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+run_tests() {
+    # The window-system tests need an X display: a virtual one when none is there.
+    if [ -z "${DISPLAY:-}" ] && command -v xvfb-run >/dev/null; then
+        xvfb-run -a ctest --test-dir "$1" --output-on-failure -j2
+    else
+        ctest --test-dir "$1" --output-on-failure -j2
+    fi
+}
+
+scripts/setup.sh build/release -DLUMACFG_WERROR=ON
+run_tests build/release
+
+scripts/setup.sh build/sanitize -DLUMACFG_WERROR=ON -DLUMACFG_SANITIZE=ON \
+    -DLUMACFG_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=Debug
+run_tests build/sanitize
