@@ -59,10 +59,15 @@ bool StationExists() {
     return ProfileGet("WSX", "Applications", "", buffer, kPresenceBuffer) >= 1;
 }
 
+// A new station: the defaults written out as a new profile (in one write of the file), then
+// the QC mode's run type made the active one.
 void CreateStation() {
-    SetDefaults();
-    WriteInitialProfile();
-    SaveConfiguration();
+    {
+        ProfileBatch batch;
+        SetDefaults();
+        WriteInitialProfile();
+        SaveConfiguration();
+    }
     PrepareRunType();
 }
 

@@ -1,0 +1,105 @@
+// A data-system root in a temporary directory for tests: the program directory "LUMAEXE", a
+// registry store as the installation leaves it, a fixed clock and recorded message boxes.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "config/config_record.h"
+#include "platform/services.h"
+
+namespace lumacfg::testing_support {
+
+namespace fs = std::filesystem;
+
+inline void WriteBytes(const fs::path& path, const std::string& bytes) {
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+inline std::optional<std::string> ReadBytes(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+class FixedClock final : public platform::Clock {
+public:
+    explicit FixedClock(platform::LocalTime time) : time_(time) {}
+    platform::LocalTime Now() override { return time_; }
+
+private:
+    platform::LocalTime time_;
+};
+
+// Records every message and answers with the given answer.
+class MessageRecorder final : public platform::MessageBoxService {
+public:
+    explicit MessageRecorder(std::vector<platform::MessageRequest>* shown) : shown_(shown) {}
+    platform::MessageAnswer Show(const platform::MessageRequest& request) override {
+        shown_->push_back(request);
+        return platform::MessageAnswer::Ok;
+    }
+
+private:
+    std::vector<platform::MessageRequest>* shown_;
+};
+
+inline constexpr const char* kDataSystemKeyLine =
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n";
+
+// The registry as the installation leaves it, with the given lines under the data system's key.
+inline std::string RegistryText(const std::string& dataSystemValues) {
+    return std::string("Windows Registry Editor Version 5.00\r\n\r\n") + kDataSystemKeyLine +
+           dataSystemValues +
+           "\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Ports]\r\n"
+           "\"COM1:\"=\"9600,n,8,1\"\r\n";
+}
+
+class TempStation : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "lumacfg-station-XXXXXX").string();
+        root_ = ::mkdtemp(pattern.data());
+        fs::create_directories(ProgramDir());
+        WriteBytes(RegistryPath(), RegistryText("\"Path\"=\"C:\\\\PLASMA\"\r\n"
+                                                "\"HardWare\"=dword:00000001\r\n"));
+        ::setenv("LUMACFG_PROGRAM_DIR", ProgramDir().c_str(), 1);
+        ::setenv("LUMACFG_REGISTRY", RegistryPath().c_str(), 1);
+        ::setenv("LUMACFG_AUDIT_LOG", (root_ / "audit.log").c_str(), 1);
+        platform::ResetServices();
+        platform::SetClock(std::make_unique<FixedClock>(platform::LocalTime{2008, 12, 31, 23, 59, 59}));
+        platform::SetMessages(std::make_unique<MessageRecorder>(&messages_));
+        Config() = ConfigRecord{};
+        Config().ROOT_PATH = Root();
+    }
+
+    void TearDown() override {
+        platform::ResetServices();
+        Config() = ConfigRecord{};
+        for (const char* name : {"LUMACFG_PROGRAM_DIR", "LUMACFG_REGISTRY", "LUMACFG_AUDIT_LOG"}) {
+            ::unsetenv(name);
+        }
+        fs::remove_all(root_);
+    }
+
+    std::string Root() const { return root_.string(); }
+    fs::path ProgramDir() const { return root_ / "LUMAEXE"; }
+    fs::path RegistryPath() const { return root_ / "registry.reg"; }
+    fs::path StationProfile() const { return ProgramDir() / "lumagen.ist"; }
+    std::string StationText() const { return ReadBytes(StationProfile()).value_or(""); }
+    std::string RegistryFileText() const { return ReadBytes(RegistryPath()).value_or(""); }
+
+    fs::path root_;
+    std::vector<platform::MessageRequest> messages_;
+};
+
+}  // namespace lumacfg::testing_support
