@@ -1,0 +1,118 @@
+#include "config/serial_settings.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "config/config_record.h"
+#include "platform/services.h"
+
+namespace lumacfg {
+namespace {
+
+namespace fs = std::filesystem;
+
+void WriteBytes(const fs::path& path, const std::string& bytes) {
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string ReadBytes(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "<missing>";
+}
+
+// A data-system root and a registry store in a temporary directory.
+class SerialSettingsTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "lumacfg-serial-XXXXXX").string();
+        root_ = ::mkdtemp(pattern.data());
+        store_ = root_ / "registry.reg";
+        ::setenv("LUMACFG_PROGRAM_DIR", (root_ / "LUMAEXE").c_str(), 1);
+        ::setenv("LUMACFG_REGISTRY", store_.c_str(), 1);
+        platform::ResetServices();
+        Config() = ConfigRecord{};
+        Config().ROOT_PATH = root_.string();
+    }
+    void TearDown() override {
+        ::unsetenv("LUMACFG_PROGRAM_DIR");
+        ::unsetenv("LUMACFG_REGISTRY");
+        fs::remove_all(root_);
+    }
+
+    fs::path root_, store_;
+};
+using OpalChannelFilesTest = SerialSettingsTest;
+
+const std::string kHead = "Windows Registry Editor Version 5.00\r\n\r\n";
+const std::string kPorts =
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Ports]\r\n"
+    "\"COM1:\"=\"x\"\r\n";
+const std::string kOther = "\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"COM2:\"=\"keep\"\r\n";
+
+TEST_F(SerialSettingsTest, ResetsThePortThenWritesTheAutosamplerPort) {
+    struct Case {
+        Int16 alsType, mpm, comPort, resetPort;
+        std::string values;  // of the Ports key afterwards, after COM1:
+    };
+    const Case cases[] = {
+        {5, 0, 2, 2, "\"COM2:\"=\"9600,o,7,1\"\r\n"},
+        {5, 1, 2, 0, "\"COM2:\"=\"9600,n,8,1\"\r\n"},
+        {4, 0, 3, 2, "\"COM2:\"=\"9600,n,8,1\"\r\n\"COM3:\"=\"9600,n,8,1\"\r\n"},
+        {0, 0, 3, 4, "\"COM4:\"=\"9600,n,8,1\"\r\n"},
+        {0, 0, 3, 0, ""},
+    };
+    for (const Case& c : cases) {
+        WriteBytes(store_, kHead + kPorts + kOther);
+        Config().ALS_TYPE = c.alsType;
+        Config().MPM = c.mpm;
+        Config().COM_PORT = c.comPort;
+        Config().RESET_COM_PORT = c.resetPort;
+        EXPECT_EQ(WriteComPortSettings(), 0) << c.values;
+        EXPECT_EQ(ReadBytes(store_), kHead + kPorts + c.values + kOther);
+    }
+    // Without the Ports key only a configured autosampler is a failure.
+    WriteBytes(store_, kHead + kOther);
+    EXPECT_EQ(WriteComPortSettings(), 0);
+    Config().ALS_TYPE = 1;
+    EXPECT_EQ(WriteComPortSettings(), -1);
+    EXPECT_EQ(ReadBytes(store_), kHead + kOther);
+}
+
+TEST_F(OpalChannelFilesTest, SettingsLinesOfEveryFileAreOverwrittenFromTheirStart) {
+    struct Case {
+        std::string before;
+        bool odd;
+        std::string after;
+    };
+    const Case cases[] = {
+        {"chn1 x\r\n", true, "Chn1\t9600\tO\t7\t1\r\n"},
+        {"CHN1\t19200\tN\t8\t1\t; port A\r\n", true, "Chn1\t9600\tO\t7\t11\t; port A\r\n"},
+        {"com:set 1,19200,O,7,1 ;A\r\n", false, "COM:SET 1,9600,N,8,11 ;A\r\n"},
+        {"Chn2\t9600\nCOM:SET 2,9600\r\n; chn1", true,
+         "Chn2\t9600\nCOM:SET 2,9600\r\nChn1\t9600\tO\t7\t1\n"},
+        {"COM:SET 1", false, "COM:SET 1,9600,N,8,1\r\n"},
+    };
+    const fs::path opal = root_ / "1" / "OPAL";
+    WriteBytes(root_ / "1" / "OUTSIDE.CHN", "chn1\r\n");
+    WriteBytes(opal / "SUB" / "INSIDE.CHN", "chn1\r\n");
+    for (const Case& c : cases) {
+        WriteBytes(opal / "APP.CHN", c.before);
+        WriteBytes(opal / "b.chn", "x\r\ncom:set 1\r\n");
+        UpdateOpalChannelFiles(c.odd);
+        EXPECT_EQ(ReadBytes(opal / "APP.CHN"), c.after) << c.before;
+        EXPECT_EQ(ReadBytes(opal / "b.chn"),
+                  c.odd ? "x\r\nCOM:SET 1,9600,O,7,1\r\n" : "x\r\nCOM:SET 1,9600,N,8,1\r\n");
+    }
+    EXPECT_EQ(ReadBytes(root_ / "1" / "OUTSIDE.CHN"), "chn1\r\n");
+    EXPECT_EQ(ReadBytes(opal / "SUB" / "INSIDE.CHN"), "chn1\r\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(opal), {}), 3);  // no ".tmp" left behind
+}
+
+}  // namespace
+}  // namespace lumacfg
