@@ -1,0 +1,93 @@
+#!/usr/bin/env bash
+# Starts the configuration program on a fresh copy of the demo station (examples/demo-station)
+# and lists the files of the copy that the run created or changed. Builds nothing.
+#   BUILD_DIR=build/release scripts/run-demo.sh
+# With the desktop program built (BUILD_DIR/lumacfg) and a display, the window opens on the copy;
+# otherwise the headless front end prints the record ("show") and the tray selection ("tray").
+set -euo pipefail
+cd "$(dirname "$0")/.."
+repo=$(pwd)
+
+build_dir=${BUILD_DIR:-build/release}
+case $build_dir in
+    /*) ;;
+    *) build_dir=$repo/$build_dir ;;
+esac
+
+source_station=$repo/examples/demo-station
+demo_dir=$repo/build/demo
+station=$demo_dir/demo-station
+marker=$demo_dir/.copied
+
+if [ ! -d "$source_station" ]; then
+    echo "run-demo: $source_station is missing" >&2
+    exit 1
+fi
+
+# A fresh copy every time: the first start must find no station profile.
+rm -rf "$station"
+mkdir -p "$demo_dir"
+cp -R "$source_station" "$station"
+touch "$marker"
+# Keep the program's writes in a later time stamp than the copy, even on coarse file systems.
+sleep 1
+
+export LUMACFG_PROGRAM_DIR=$station/LUMAEXE
+export LUMACFG_REGISTRY=$station/registry.reg
+export LUMACFG_AUDIT_LOG=$station/audit.log
+
+echo "Demo station:   $station"
+echo "Program dir:    $LUMACFG_PROGRAM_DIR"
+echo "Registry store: $LUMACFG_REGISTRY"
+echo "Audit log:      $LUMACFG_AUDIT_LOG"
+echo
+
+# Runs one program, reports its exit code and goes on whatever it was.
+run() {
+    local status=0
+    local shown
+    shown=$(basename "$1")
+    [ $# -gt 1 ] && shown+=" ${*:2}"
+    echo "\$ $shown"
+    "$@" || status=$?
+    echo "(exit code $status)"
+    echo
+}
+
+have_display=0
+if [ -n "${DISPLAY:-}" ] || [ -n "${WAYLAND_DISPLAY:-}" ]; then
+    have_display=1
+fi
+
+if [ -x "$build_dir/lumacfg" ] && [ "$have_display" = 1 ]; then
+    echo "Starting the configuration window on the demo station; close it to continue."
+    run "$build_dir/lumacfg"
+else
+    if [ ! -x "$build_dir/lumacfg-cli" ]; then
+        echo "run-demo: $build_dir/lumacfg-cli is not built; build the project first" >&2
+        exit 1
+    fi
+    if [ -x "$build_dir/lumacfg" ]; then
+        echo "No display: the configuration window cannot open; using the headless front end."
+    else
+        echo "The configuration window is not built yet; using the headless front end."
+    fi
+    echo
+    run "$build_dir/lumacfg-cli" show
+    run "$build_dir/lumacfg-cli" tray
+fi
+
+echo "Files of the demo station created or changed by the run:"
+changed=0
+while IFS= read -r file; do
+    relative=${file#"$station"/}
+    if [ -e "$source_station/$relative" ]; then
+        echo "  changed  $relative"
+    else
+        echo "  new      $relative"
+    fi
+    changed=1
+done < <(find "$station" -type f -newer "$marker" | sort)
+[ "$changed" = 1 ] || echo "  (none)"
+echo
+echo "The copy stays in $station until the next run."
