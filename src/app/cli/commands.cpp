@@ -15,7 +15,7 @@ namespace lumacfg::cli {
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: lumacfg-cli show | save | set NAME=VALUE ... | reset | tray\n"
+    "usage: lumacfg-cli show | save | tray\n"
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n";

@@ -1,0 +1,324 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <random>
+
+#include "config/config_record.h"
+#include "config/load_configuration.h"
+#include "config/profile.h"
+#include "config/record_fields.h"
+#include "config/save_configuration.h"
+#include "support/temp_station.h"
+
+namespace lumacfg {
+namespace {
+
+using testing_support::ReadBytes;
+using testing_support::TempStation;
+using testing_support::WriteBytes;
+
+class LoadSaveTest : public TempStation {
+protected:
+    // A station profile holding these lines in "[WSX,1]" and these in "[WSX_32]".
+    void WriteStation(const std::string& wsx1, const std::string& wsx32 = "") {
+        WriteBytes(StationProfile(), "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n" + wsx32 +
+                                         "[WSX,1]\r\n" + wsx1);
+    }
+    std::string Value(const std::string& key, const std::string& section = "WSX,1") {
+        return ReadSingleValue(section, key).value_or("<none>");
+    }
+};
+
+TEST_F(LoadSaveTest, LinksAreReadByKind) {
+    WriteStation("", "Links=1,2,3\r\nLink1=gx40110,7\r\nLink2=COM3,488\r\n"
+                     "Link3=lan[10.0.0.5]:brenmarkib,0\r\n");
+    LoadConfiguration();
+    const ConfigRecord& r = Config();
+    EXPECT_EQ(r.GPIB_ADDR, 7);
+    EXPECT_EQ(r.LINK_TYPE[1], "RS232");
+    EXPECT_EQ(r.LINK_PARAM[1], "3");
+    EXPECT_EQ(r.COM_PORT, 3);
+    EXPECT_EQ(r.LINK_TYPE[2], "lan");
+    EXPECT_EQ(r.LAN_IPADDR, "10.0.0.5");
+
+    WriteStation("", "Links=1,,2\r\nLink1=COM12,488\r\nLink2=gx40110,9\r\n");
+    LoadConfiguration();
+    EXPECT_EQ(r.LINK_USED, (std::array<Int16, 5>{1, 0, 0, 0, 0}));
+    EXPECT_EQ(r.COM_PORT, 2);  // the last character only
+    EXPECT_EQ(r.GPIB_ADDR, 20);
+}
+
+TEST_F(LoadSaveTest, DevicesSkipEntriesStartingWithAComma) {
+    WriteStation("", "Devices=1,2,3\r\nDevice1=1,SMARTCARD\r\nDevice2=,V-AS\r\nDevice3=2,\r\n");
+    LoadConfiguration();
+    const ConfigRecord& r = Config();
+    EXPECT_EQ(r.DEVICE_NAME[0], "SMARTCARD");
+    EXPECT_EQ(r.DEVICE_LINK[1], 0);
+    EXPECT_EQ(r.DEVICE_NAME[1], "");
+    EXPECT_EQ(r.DEVICE_LINK[2], 2);
+    EXPECT_EQ(r.DEVICE_NAME[2], "");
+}
+
+TEST_F(LoadSaveTest, FallbacksAndClamps) {
+    struct Case {
+        std::string lines;
+        std::string field;
+        std::string value;
+    };
+    const Case cases[] = {
+        {"PRO_SCAN=1\r\n", "PRO_SCAN", "0"},
+        {"PRO_SCAN=0\r\n", "PRO_SCAN", "1"},
+        {"PRO_SCAN=x\r\n", "PRO_SCAN", "1"},
+        {"", "PRO_SCAN", "1"},
+        {"_LCCHEM=3\r\nKVD_Remote=0\r\n", "_LCCHEM", "0"},
+        {"_LCCHEM=3\r\nKVD_Remote=1\r\n", "_LCCHEM", "3"},
+        {"_LCCHEM=7\r\nKVD_Remote=1\r\n", "_LCCHEM", "0"},
+        {"", "INHIBIT_MASS", "0 0 0 0 0 0 0 0 0 0 0"},
+        {"_INHIBIT=7 9\r\n", "INHIBIT_MASS", "7 9 0 0 0 0 0 0 0 0 0"},
+        {"RACK1_ID=24\r\nRACK2_ID=\r\n", "RACK1_ID", "24"},
+        {"", "RACK3_ID", "0"},
+        {"", "ICPMS_TYPE", "0"},
+        {"", "ICPMS_ID", "1"},
+        {"ICPMS_ID=5\r\n", "ICPMS_ID", "0"},
+        {"", "SI_TYPE", "0"},
+        {"", "OPT_SC", "0"},
+        {"", "TRAY_ID", "1"},
+        {"", "MAX_BOTTLE", "89"},
+        {"", "RINSE_DEPTH", "280"},
+        {"SAMPLE_DEPTH=12.5\r\n", "SAMPLE_DEPTH", "12"},
+        {"SAMPLE_DEPTH=99999\r\n", "SAMPLE_DEPTH", "440"},
+        {"DSS_LOAD=12.75\r\n", "DSS_LOAD", "12.75"},
+        {"DSS_REP=  4 times\r\n", "DSS_REP", "4"},
+        {"OPT_CHG_FLW=0.35\r\n", "OPT_CHG_FLW", "0.35"},
+        {"ALS_TYPE=garbage\r\n", "ALS_TYPE", "0"},
+        {"_QCMDFILE$=ENVIRO.QCC\r\n", "_QCMDFILE$", "ENVIRO.QCC"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.lines);
+        WriteStation(c.lines);
+        LoadConfiguration();
+        for (const RecordField& field : RecordFields(Config())) {
+            if (field.name == c.field) EXPECT_EQ(FieldText(field.ref), c.value);
+        }
+    }
+}
+
+TEST_F(LoadSaveTest, SecurityAndAlwaysPrintFromTheIdentifier) {
+    struct Case {
+        std::string identifier;  // value line, "" for none
+        std::string alwaysPrint;
+        Int16 security, printing;
+    };
+    const Case cases[] = {
+        {"dword:0890f76f", "", 1, -1},    {"dword:0890f76f", "_ALWAYSPRT=0\r\n", 1, 0},
+        {"dword:0890f76e", "", 0, 0},     {"dword:0890f76e", "_ALWAYSPRT=1\r\n", 0, 0},
+        {"dword:0890f76d", "", -1, 0},    {"dword:0890f76d", "_ALWAYSPRT=1\r\n", -1, -1},
+        {"", "_ALWAYSPRT=1\r\n", 0, 0},   {"dword:0890f76f", "_ALWAYSPRT=yes\r\n", 1, -1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.identifier + " " + c.alwaysPrint);
+        std::string value = c.identifier.empty() ? "" : "\"ConfigurationID\"=" + c.identifier + "\r\n";
+        WriteBytes(RegistryPath(), testing_support::RegistryText(value));
+        WriteStation(c.alwaysPrint);
+        LoadConfiguration();
+        EXPECT_EQ(Config().SECURITY, c.security);
+        EXPECT_EQ(Config().ALWAYSPRT, c.printing);
+    }
+}
+
+TEST_F(LoadSaveTest, VltIsOffWithoutSecurity) {
+    WriteBytes(RegistryPath(), testing_support::RegistryText(
+                                   "\"ConfigurationID\"=dword:0890f76e\r\n"
+                                   "\"EnableVLTIntegration\"=dword:00000001\r\n\"VLT_LCD\"=\"\\\\srv\\\\lab\"\r\n"));
+    WriteStation("");
+    LoadConfiguration();
+    EXPECT_EQ(Config().VLT_ENABLED, 0);
+    EXPECT_EQ(Config().VLT_FOLDER, "\\srv\\lab");
+}
+
+TEST_F(LoadSaveTest, LoadCompletesOnlyTheTwoMissingOptionKeys) {
+    WriteStation("OPT_CHG_FLW=0.5\r\n");
+    LoadConfiguration();
+    EXPECT_EQ(StationText(), "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n[WSX,1]\r\n"
+                             "OPT_CHG_FLW=0.5\r\nOPT_CHG_TIME=12\r\n");
+}
+
+TEST_F(LoadSaveTest, BrokenProfilesLoadWithoutCrashing) {
+    const std::string profiles[] = {
+        "",
+        std::string("\0\0\0garbage\xff\xfe[[[", 14),
+        "[WSX,1\r\nALS_TYPE=5",
+        "[WSX,1]\r\nALS_TYPE=5\r\nRACK1_ID=" + std::string(5000, '9'),
+        "[WSX_32]\r\nLinks=5,4,3,2,1\r\nLink5=lan[\r\nLink4=COM\r\nLink3=,\r\nDevices=20,99,-3\r\n",
+    };
+    for (const std::string& bytes : profiles) {
+        WriteBytes(StationProfile(), bytes);
+        LoadConfiguration();
+        SaveConfiguration();
+    }
+    std::filesystem::remove(StationProfile());
+    LoadConfiguration();
+    EXPECT_EQ(Config().ICPMS_TYPE, 0);
+    EXPECT_EQ(Config().INHIBIT_MASS[0], 0);
+}
+
+TEST_F(LoadSaveTest, SaveWritesEveryKeyInItsFormat) {
+    SetDefaults();
+    ConfigRecord& r = Config();
+    r.LINK_USED = {1, 2, 0, 0, 0};
+    r.DSS_LOAD = 10.4;
+    r.DSS_ACQ = 2.5;  // halves away from zero
+    r.INHIBIT_MASS = {1, 14, 0, 7};
+    r.ALS_TYPE = 5;
+    r.TRAY_ID = 2;
+    r.MAX_BOTTLE = 7;
+    r.OPT_CHG_FLW = 0.125F;
+    WriteStation("", "Links=1,2,3\r\nLink3=gx40110,4\r\n");
+    SaveConfiguration();
+    EXPECT_EQ(Value("Link3", "WSX_32"), "<none>");
+    EXPECT_EQ(Value("Links", "WSX_32"), "1,2");
+    EXPECT_EQ(Value("DSS_LOAD"), "10");
+    EXPECT_EQ(Value("DSS_ACQ"), "3");
+    EXPECT_EQ(Value("_INHIBIT"), "14 7");
+    EXPECT_EQ(Value("MAX_BOTTLE"), "53");
+    EXPECT_EQ(Value("ALS_ID"), "0");  // no V-AS device in the table
+    EXPECT_EQ(Value("OPT_CHG_FLW"), "0.13");
+    EXPECT_EQ(Value("INSTNAME"), "CRVQ70 - Instrument1");
+    EXPECT_EQ(Value("_TUNEPATH$"), Root() + "\\1\\Q70\\");
+    EXPECT_EQ(Value("_SECURITY"), "<none>");
+
+    r.ALS_TYPE = 2;
+    r.TRAY_ID = 3;
+    SaveConfiguration();
+    EXPECT_EQ(Value("RACK1_ID"), "0");
+    for (int p = 2; p <= 8; ++p) EXPECT_EQ(Value("RACK" + std::to_string(p) + "_ID"), "<none>");
+    EXPECT_EQ(Value("MAX_BOTTLE"), "53");  // tray and depths belong to type 5 only
+}
+
+TEST_F(LoadSaveTest, SaveToAReadOnlyProfileFailsQuietly) {
+    WriteStation("ALS_TYPE=1\r\n");
+    const std::string before = StationText();
+    ::chmod(StationProfile().c_str(), 0444);
+    SetDefaults();
+    SaveConfiguration();
+    EXPECT_EQ(StationText(), before);
+    EXPECT_EQ(std::filesystem::directory_iterator(ProgramDir())->path(), StationProfile());
+}
+
+// A record with every field away from its default that the station profile can hold.
+ConfigRecord RandomRecord(std::mt19937& random, const std::string& root) {
+    auto pick = [&](int low, int high) {
+        return static_cast<Int16>(std::uniform_int_distribution<int>(low, high)(random));
+    };
+    ConfigRecord r;
+    r.ROOT_PATH = root;
+    r.ICPMS_TYPE = pick(0, 2);
+    r.ICPMS_ID = pick(0, 1);
+    r.COM_PORT = pick(1, 9);
+    // Each address lives inside the first link only, so only the one of its kind comes back.
+    if (r.ICPMS_TYPE == 2) {
+        r.LAN_IPADDR = std::to_string(pick(1, 223)) + ".0." + std::to_string(pick(0, 255)) + ".7";
+    } else {
+        r.GPIB_ADDR = pick(0, 29);
+    }
+    r.KVD_Remote = pick(0, 1);
+    r.NotRepRemote = pick(0, 1);
+    r.SI_TYPE = pick(1, 6);
+    r.ALS_TYPE = pick(1, 6);
+    r.INHIBIT_MASS = {pick(2, 250), pick(2, 250), pick(2, 250)};
+    r.LINK_USED = {1, 2, 0, 0, 0};
+    r.LINK_TYPE = {r.ICPMS_TYPE == 2 ? "lan" : "gx40110", "RS232"};
+    r.DEVICE_USED = {1, 2};
+    r.DEVICE_LINK = {1, 2};
+    r.DEVICE_NAME = {"SMARTCARD", std::string(AutosamplerDeviceName(r.ALS_TYPE))};
+    SetDefaultRacks(r.ALS_TYPE);
+    for (int p = 1; p <= kRackCount; ++p) RackId(r, p) = RackId(Config(), p) ? pick(1000, 1099) : 0;
+    r.PRO_SCAN = pick(0, 1);
+    r.QCMDPATH = root + "\\QC\\";
+    r.QCMDFILE = "M" + std::to_string(pick(0, 99)) + ".QCC";
+    r.DSS_MODE = pick(0, 3);
+    for (double* time : {&r.DSS_LOAD, &r.DSS_ACQ, &r.DSS_STAB, &r.DSS_SYSRNS, &r.DSS_NDLRNS,
+                         &r.DSS_INJECT, &r.DSS_INTRVL}) {
+        *time = pick(0, 999);
+    }
+    r.DSS_REP = pick(2, 9);
+    r.DSS_WAIT = pick(0, 99);
+    for (Int16* flag : {&r.OPT_SC, &r.OPT_PMP2, &r.EnableDTCal, &r.OPT_ORGANIC, &r.OPT_IMTPUMP,
+                        &r.OPT_SHUTDOWN, &r.OPT_AUTOREC, &r.OPT_STOP_PP, &r.OPT_CHG_CG,
+                        &r.ExternalPump}) {
+        *flag = pick(0, 1);
+    }
+    r.MPM = pick(0, 2);
+    r.MPMFILE = r.MPM ? "APP" + std::to_string(pick(0, 9)) + ".MPU" : "";
+    if (r.ALS_TYPE == 5) {
+        r.TRAY_ID = pick(0, 3);
+        r.MAX_BOTTLE = std::array<Int16, 4>{3, 89, 53, 18}[r.TRAY_ID];
+        r.RINSE_DEPTH = pick(0, 800);
+        r.SAMPLE_DEPTH = pick(0, 800);
+        r.STD_DEPTH = pick(0, 800);
+        r.ONEBOTTLE_DEPTH = pick(0, 800);
+        r.ESC_MODE = pick(0, 1);
+    }
+    r.SECURITY = pick(0, 1);
+    r.ALWAYSPRT = r.SECURITY ? pick(-1, 0) : 0;
+    r.VLT_ENABLED = r.SECURITY ? pick(0, 1) : 0;
+    r.VLT_FOLDER = "\\\\server\\lab" + std::to_string(pick(0, 9));
+    r.OPT_CHG_FLW = static_cast<float>(pick(0, 500)) / 100.0F;
+    r.OPT_CHG_TIME = pick(0, 600);
+    r.LCCHEM = r.KVD_Remote ? pick(0, 4) : 0;
+    return r;
+}
+
+// Fields that a load after a save must give back exactly.
+std::vector<std::string> ComparableFields(ConfigRecord record) {
+    std::vector<std::string> lines;
+    for (const RecordField& field : RecordFields(record)) {
+        if (field.name == "LINK_PARAM" || field.name == "_MPMATDIL") continue;
+        lines.push_back(std::string(field.name) + "=" + FieldText(field.ref));
+    }
+    return lines;
+}
+
+TEST_F(LoadSaveTest, LoadAfterSaveGivesBackTheRecord) {
+    Config().ROOT_PATH = Root();
+    SetDefaults();
+    ConfigRecord defaults = Config();
+    SaveConfiguration();
+    LoadConfiguration();
+    EXPECT_EQ(ComparableFields(Config()), ComparableFields(defaults));
+
+    std::mt19937 random(20261123);
+    for (int round = 0; round < 40; ++round) {
+        Config() = RandomRecord(random, Root());
+        std::filesystem::remove(StationProfile());  // tray and depths stay in the file otherwise
+        SaveConfiguration();  // composes the link strings
+        ConfigRecord saved = Config();
+        LoadConfiguration();
+        Config().ROOT_PATH = saved.ROOT_PATH;
+        const auto loaded = ComparableFields(Config());
+        const auto expected = ComparableFields(saved);
+        ASSERT_EQ(loaded.size(), expected.size());
+        for (std::size_t i = 0; i < loaded.size(); ++i) {
+            ASSERT_EQ(loaded[i], expected[i]) << "round " << round;
+        }
+    }
+}
+
+TEST_F(LoadSaveTest, SaveWritesTheStationProfileOnceAndKeepsOtherKeys) {
+    std::string others;
+    for (int i = 0; i < 300; ++i) others += "X" + std::to_string(i) + "=kept " + std::to_string(i) + "\r\n";
+    WriteStation(others, "Mine=1\r\n");
+    struct stat before {};
+    ::stat(StationProfile().c_str(), &before);
+    SetDefaults();
+    SaveConfiguration();
+    struct stat after {};
+    ::stat(StationProfile().c_str(), &after);
+    EXPECT_NE(before.st_ino, after.st_ino);
+    const std::string text = StationText();
+    EXPECT_NE(text.find(others), std::string::npos);
+    EXPECT_NE(text.find("[WSX_32]\r\nMine=1\r\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace lumacfg
