@@ -1,0 +1,226 @@
+#include "config/start_up.h"
+
+#include <gtest/gtest.h>
+
+#include "config/profile.h"
+#include "support/temp_station.h"
+#include "ui/autosampler/configuration_id.h"
+
+namespace lumacfg {
+namespace {
+
+using testing_support::ReadBytes;
+using testing_support::RegistryText;
+using testing_support::TempStation;
+using testing_support::WriteBytes;
+
+class FixedInstance final : public platform::InstanceLock {
+public:
+    explicit FixedInstance(bool first) : first_(first) {}
+    bool Acquire() override { return first_; }
+
+private:
+    bool first_;
+};
+
+// A desktop where exactly one window of the given class is open.
+class OneWindowDesktop final : public platform::WindowService {
+public:
+    explicit OneWindowDesktop(std::string className) : className_(std::move(className)) {}
+    platform::WindowHandle FindTopLevel(std::string_view className,
+                                        std::optional<std::string_view>) override {
+        return className == className_ ? 7 : 0;
+    }
+    std::string ClassName(platform::WindowHandle) override { return className_; }
+    platform::WindowHandle FindChild(platform::WindowHandle, std::string_view) override { return 0; }
+    void SetZOrder(platform::WindowHandle, platform::ZOrder) override {}
+    void SetParent(platform::WindowHandle, platform::WindowHandle) override {}
+    platform::Rect ClientRect(platform::WindowHandle) override { return {}; }
+    platform::Rect WorkArea() override { return {}; }
+    platform::Rect NormalRect(platform::WindowHandle) override { return {}; }
+    void SetNormalRect(platform::WindowHandle, const platform::Rect&) override {}
+
+private:
+    std::string className_;
+};
+
+// Answers the logon as told and leaves the group behind, as the logon library does.
+class ScriptedLogon final : public platform::LogonService {
+public:
+    ScriptedLogon(int answer, std::string group, int* calls)
+        : answer_(answer), group_(std::move(group)), calls_(calls) {}
+    int Logon(std::uintptr_t, std::string_view programId) override {
+        EXPECT_EQ(programId, "LUMACFG");
+        ++*calls_;
+        ProfileSet("WSX,1", "GroupName", group_);
+        return answer_;
+    }
+
+private:
+    int answer_;
+    std::string group_;
+    int* calls_;
+};
+
+class StartUpTest : public TempStation {
+protected:
+    void SetUp() override {
+        TempStation::SetUp();
+        platform::SetWindows(std::make_unique<OneWindowDesktop>("NoSuchClass"));
+        platform::SetInstance(std::make_unique<FixedInstance>(true));
+        WriteBytes(Root() + "/1/QCMODE/GENERAL.QCC/runtype.ini", "[Keywords]\r\nKeywords=A\r\n");
+    }
+    void UseLogon(int answer, const std::string& group) {
+        platform::SetLogon(std::make_unique<ScriptedLogon>(answer, group, &logons_));
+    }
+    void WriteProgramFile(const std::string& name, const std::string& bytes) {
+        WriteBytes(ProgramDir() / name, bytes);
+    }
+    int logons_ = 0;
+};
+
+TEST(RootPath, LosesAsManyCharactersAsTheProgramFolderName) {
+    EXPECT_EQ(RootPathOf("C:\\ROOT\\LUMAEXE"), "C:\\ROOT");
+    EXPECT_EQ(RootPathOf("/opt/suite/programs"), "/opt/suite/");  // not compared, only counted
+    EXPECT_EQ(RootPathOf("\\LUMAEXE"), "");
+    EXPECT_EQ(RootPathOf("X"), "");
+}
+
+TEST_F(StartUpTest, ASecondCopyEndsSilently) {
+    platform::SetInstance(std::make_unique<FixedInstance>(false));
+    EXPECT_FALSE(StartUp({}));
+    EXPECT_TRUE(messages_.empty());
+    EXPECT_FALSE(ReadBytes(StationProfile()));
+}
+
+TEST_F(StartUpTest, ARunningDataSystemIsAnnouncedAndEndsTheProgram) {
+    platform::SetWindows(std::make_unique<OneWindowDesktop>("QRN LUMAGEN Class"));
+    EXPECT_FALSE(StartUp({}));
+    ASSERT_EQ(messages_.size(), 1U);
+    EXPECT_EQ(messages_[0].text, "Exit Plasmasuite.");
+    EXPECT_EQ(messages_[0].title, "ICP-MS Configuration");
+    EXPECT_EQ(messages_[0].icon, platform::MessageIcon::Exclamation);
+    EXPECT_FALSE(ReadBytes(StationProfile()));
+}
+
+TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
+    struct Case {
+        std::vector<std::string> present;
+        std::array<Int16, 4> flags;
+    };
+    const Case cases[] = {
+        {{"VAPOR.EXE"}, {1, 1, 1, 0}},
+        {{"LUMADSS.EXE"}, {0, 0, 1, 0}},
+        {{"ABLATE.EXE"}, {0, 1, 1, 0}},
+        {{}, {0, 0, 0, 0}},
+        {{"vapor.exe", "ABLATE.EXE"}, {1, 1, 1, 0}},
+    };
+    for (const Case& c : cases) {
+        for (const char* name : {"VAPOR.EXE", "vapor.exe", "ABLATE.EXE", "LUMADSS.EXE"}) {
+            std::filesystem::remove(ProgramDir() / name);
+        }
+        for (const std::string& name : c.present) WriteProgramFile(name, "MZ");
+        ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+        EXPECT_EQ(Config().ADDON_FLAGS, c.flags) << c.present.size();
+    }
+}
+
+TEST_F(StartUpTest, AutomationFlagFromLumacfgIni) {
+    const std::pair<std::string, Int16> cases[] = {
+        {"[database]\r\nautomate=1\r\n", 1}, {"[database]\r\nautomate=\r\n", 0},
+        {"[database]\r\nautomate=x\r\n", 0}, {"[Database]\r\nAUTOMATE= 2.5\r\n", 2},
+        {"", 0},
+    };
+    for (const auto& [text, flag] : cases) {
+        WriteProgramFile("lumacfg.ini", text);
+        ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+        EXPECT_EQ(Config().AUTOMATE, flag) << text;
+    }
+}
+
+TEST_F(StartUpTest, ANewStationIsCreatedAndItsRunTypePrepared) {
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    EXPECT_EQ(ReadSingleValue("WSX", "Applications"), "ICPMS");
+    EXPECT_EQ(ReadSingleValue("WSX,1", "INSTNAME"), "CRVQ70 - Instrument1");  // registry model 1
+    EXPECT_EQ(ReadBytes(ProgramDir() / "runtype.ini"),
+              "[Keywords]\r\nKeywords=A\r\n[ERRORACTION]\r\nError1=13,Reslope-NextSmpl\r\n");
+    EXPECT_EQ(ReadConfigurationID(), 1);
+}
+
+TEST_F(StartUpTest, AProfileWithoutApplicationsIsOverwrittenWithDefaults) {
+    WriteBytes(StationProfile(), "[WSX]\r\nPath=X\r\n[WSX,1]\r\nALS_TYPE=5\r\nDSS_LOAD=77\r\n");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    EXPECT_EQ(Config().ALS_TYPE, 0);
+    EXPECT_EQ(ReadSingleValue("WSX,1", "DSS_LOAD"), "10");
+    EXPECT_EQ(ReadSingleValue("WSX", "Path"), Root());
+}
+
+TEST_F(StartUpTest, LogonOnlyForAnInteractiveStartWithSecurity) {
+    UseLogon(0, "Chemist");
+    WriteProgramFile("ACSLVL.IST", "[Lumacfg]\r\nCONTROL\\Security=Chemist\r\n");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    EXPECT_EQ(logons_, 0);
+    EXPECT_EQ(Config().CAN_EDIT, 1);
+
+    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
+    EXPECT_EQ(logons_, 1);
+    EXPECT_EQ(Config().CAN_EDIT, 1);
+
+    WriteProgramFile("lumacfg.ini", "[database]\r\nautomate=1\r\n");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
+    EXPECT_EQ(logons_, 1);
+}
+
+TEST_F(StartUpTest, AFailedLogonEndsTheProgramAfterTheRemainingSteps) {
+    UseLogon(1, "Nobody");
+    EXPECT_FALSE(StartUp({.commandLineEmpty = true}));
+    EXPECT_EQ(logons_, 1);
+    EXPECT_EQ(Config().CAN_EDIT, 0);
+}
+
+TEST_F(StartUpTest, GroupTestComparesPaddedTexts) {
+    struct Case {
+        std::string list;  // "" for no ACSLVL.IST
+        std::string group;
+        Int16 mayEdit;
+    };
+    const Case cases[] = {
+        {"Chemist", "Chemist", 1},     {"Chemist", "chemist", 0},
+        {"Admin,Chemist", "Admin", 0}, {"Admin,Chemist", "Chemist", 0},
+        {"", "Chemist", 0},            {"[Lumacfg]\r\nCONTROL\\Security=\r\n", "", 0},
+    };
+    for (const Case& c : cases) {
+        std::filesystem::remove(ProgramDir() / "ACSLVL.IST");
+        if (!c.list.empty()) {
+            WriteProgramFile("ACSLVL.IST", c.list.starts_with("[")
+                                               ? c.list
+                                               : "[Lumacfg]\r\nCONTROL\\Security=" + c.list + "\r\n");
+        }
+        WriteBytes(StationProfile(), "[WSX,1]\r\nGroupName=" + c.group + "\r\n");
+        EXPECT_EQ(UserMayEdit(), c.mayEdit) << c.list << " / " << c.group;
+    }
+}
+
+TEST_F(StartUpTest, TheThirdSecurityStateBecomesOn) {
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));  // creates the station
+    ASSERT_EQ(WriteConfigurationID(-1), 1);
+    ProfileSet("WSX,1", "_SECURITY", "-1");
+    ProfileSet("WSX,1", "_ALWAYSPRT", "0");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    EXPECT_EQ(Config().SECURITY, 1);
+    EXPECT_EQ(Config().ALWAYSPRT, -1);
+    EXPECT_EQ(ReadConfigurationID(), 1);
+    EXPECT_EQ(ReadSingleValue("WSX,1", "_SECURITY"), std::nullopt);
+    EXPECT_EQ(ReadSingleValue("WSX,1", "_ALWAYSPRT"), "1");
+}
+
+TEST_F(StartUpTest, ClosingInSetUpModeRemovesTheAutomationKey) {
+    WriteProgramFile("lumacfg.ini", "[database]\r\nautomate=1\r\nserver=db1\r\n");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    Config().SAVE_REQ = 0;
+    CloseStation();
+    EXPECT_EQ(ReadBytes(ProgramDir() / "lumacfg.ini"), "[database]\r\nserver=db1\r\n");
+}
+
+}  // namespace
+}  // namespace lumacfg
