@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 namespace lumacfg::platform::posix {
@@ -64,11 +65,20 @@ std::optional<std::string> ReadWholeFile(const std::string& hostPath) {
     for (;;) {
         ssize_t got = ::read(fd, chunk.data(), chunk.size());
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) break;
+        if (got < 0) {
+            ::close(fd);
+            return std::nullopt;  // part of a file is not the file
+        }
+        if (got == 0) break;
         bytes.append(chunk.data(), static_cast<std::size_t>(got));
     }
     ::close(fd);
     return bytes;
+}
+
+bool HostPathExists(const std::string& hostPath) {
+    struct stat info {};
+    return ::lstat(hostPath.c_str(), &info) == 0;
 }
 
 bool MayWrite(const std::string& hostPath) {
@@ -80,8 +90,17 @@ bool MayWrite(const std::string& hostPath) {
     return ::access(DirectoryOf(hostPath).c_str(), W_OK) == 0;
 }
 
-bool ReplaceFile(const std::string& hostPath, std::string_view bytes) {
-    if (!MayWrite(hostPath)) return false;
+bool ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
+    if (!MayWrite(linkOrFile)) return false;
+    // Renaming over a symbolic link would replace the link; replace the file it names.
+    std::string hostPath = linkOrFile;
+    struct stat link {};
+    if (::lstat(linkOrFile.c_str(), &link) == 0 && S_ISLNK(link.st_mode)) {
+        if (char* target = ::realpath(linkOrFile.c_str(), nullptr)) {
+            hostPath = target;
+            std::free(target);
+        }
+    }
     struct stat old {};
     bool existed = ::stat(hostPath.c_str(), &old) == 0;
 

@@ -16,7 +16,9 @@ bool PathExists(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &info) == 0;
 }
 
-char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiLower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
@@ -104,7 +106,7 @@ namespace posix {
 namespace {
 
 class PosixFileSystem final : public FileSystem {
-public:
+  public:
     std::optional<std::uint64_t> FileLength(std::string_view path) override {
         struct stat info {};
         if (::stat(HostPath(path).c_str(), &info) != 0 || !S_ISREG(info.st_mode)) {
@@ -134,7 +136,8 @@ public:
         if (!dir) return names;
         while (const dirent* entry = ::readdir(dir)) {
             struct stat info {};
-            std::string full = host + (host.empty() || host.back() == '/' ? "" : "/") + entry->d_name;
+            std::string full =
+                host + (host.empty() || host.back() == '/' ? "" : "/") + entry->d_name;
             if (::stat(full.c_str(), &info) == 0 && S_ISREG(info.st_mode)) {
                 names.emplace_back(entry->d_name);
             }
@@ -155,7 +158,9 @@ public:
 
 }  // namespace
 
-std::unique_ptr<FileSystem> MakeFileSystem() { return std::make_unique<PosixFileSystem>(); }
+std::unique_ptr<FileSystem> MakeFileSystem() {
+    return std::make_unique<PosixFileSystem>();
+}
 
 }  // namespace posix
 }  // namespace lumacfg::platform

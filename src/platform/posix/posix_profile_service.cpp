@@ -1,4 +1,5 @@
 // The profile service on POSIX: our own engine over ProfileDocument, with whole-save batches.
+#include <algorithm>
 #include <map>
 
 #include "platform/posix/atomic_file.h"
@@ -8,9 +9,20 @@
 namespace lumacfg::platform::posix {
 namespace {
 
+char AsciiLower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return AsciiLower(x) == AsciiLower(y);
+           });
+}
+
 std::string WithoutTrailingBlanks(std::string_view text) {
     std::size_t end = text.find_last_not_of(" \t");
-    return std::string(end == std::string_view::npos ? std::string_view{} : text.substr(0, end + 1));
+    return std::string(end == std::string_view::npos ? std::string_view{}
+                                                     : text.substr(0, end + 1));
 }
 
 ProfileRead Truncated(std::string text, std::size_t size) {
@@ -21,7 +33,7 @@ ProfileRead Truncated(std::string text, std::size_t size) {
 }
 
 class PosixProfileService final : public ProfileService {
-public:
+  public:
     ProfileRead GetString(std::string_view file, std::string_view section, std::string_view key,
                           std::string_view defaultText, std::size_t size) override {
         std::string host = HostPath(file);
@@ -40,13 +52,15 @@ public:
         std::string host = HostPath(file);
         if (depth_ > 0) {
             Cached* cached = Load(host);
-            if (!cached) return false;
-            if (Apply(cached->document, section, key, value)) {
-                cached->dirty = true;
-            }
-            return cached->writable;
+            // A file that may not be written keeps its content, in memory too, so reads in
+            // the batch see what reads after failed key-by-key writes would see.
+            if (!cached->writable) return false;
+            if (Apply(cached->document, section, key, value)) cached->dirty = true;
+            return true;
         }
         auto bytes = ReadWholeFile(host);
+        // A file that is there but cannot be read is never replaced by one made from nothing.
+        if (!bytes && HostPathExists(host)) return false;
         ProfileDocument document(bytes ? *bytes : std::string{});
         if (!Apply(document, section, key, value)) return MayWrite(host);
         return ReplaceFile(host, document.Bytes());
@@ -64,18 +78,30 @@ public:
         return ok;
     }
 
-private:
+  private:
     struct Cached {
         ProfileDocument document;
         bool writable = false;
+        bool existed = false;  // on disk when the batch first touched it
         bool dirty = false;
     };
 
     Cached* Load(const std::string& host) {
+        bool exists = HostPathExists(host);
+        if (!exists) {
+            // A file made earlier in this batch is not on disk yet; on disk, the path lookup
+            // would find it whatever the case of its name ("RUNTYPE.INI", "runtype.ini").
+            for (auto& [path, cached] : batch_) {
+                if (!cached.existed && cached.dirty && SameNameIgnoringCase(path, host)) {
+                    return &cached;
+                }
+            }
+        }
         auto found = batch_.find(host);
         if (found != batch_.end()) return &found->second;
         auto bytes = ReadWholeFile(host);
-        Cached cached{ProfileDocument(bytes ? *bytes : std::string{}), MayWrite(host), false};
+        bool writable = MayWrite(host) && (bytes || !exists);
+        Cached cached{ProfileDocument(bytes ? *bytes : std::string{}), writable, exists, false};
         return &batch_.emplace(host, std::move(cached)).first->second;
     }
 

@@ -23,7 +23,7 @@ std::string StorePath() {
 
 // Holds an exclusive lock on the store's directory for the life of the object.
 class StoreLock {
-public:
+  public:
     explicit StoreLock(const std::string& store) {
         std::size_t slash = store.rfind('/');
         std::string dir = slash == std::string::npos ? "." : store.substr(0, slash ? slash : 1);
@@ -36,12 +36,12 @@ public:
     StoreLock(const StoreLock&) = delete;
     StoreLock& operator=(const StoreLock&) = delete;
 
-private:
+  private:
     int fd_ = -1;
 };
 
 class FileRegistryKey final : public RegistryKey {
-public:
+  public:
     FileRegistryKey(std::string store, std::string keyPath, RegistryAccess access)
         : store_(std::move(store)), keyPath_(std::move(keyPath)), access_(access) {}
 
@@ -65,7 +65,7 @@ public:
         return Update([&](RegDocument& doc) { return doc.SetDword(keyPath_, name, value); });
     }
 
-private:
+  private:
     std::optional<RegValue> Query(std::string_view name) {
         auto bytes = ReadWholeFile(store_);
         if (!bytes) return std::nullopt;
@@ -88,7 +88,7 @@ private:
 };
 
 class FileRegistry final : public Registry {
-public:
+  public:
     std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) override {
         path = path.substr(0, path.find('\0'));  // a NUL after the path is ignored
         std::string store = StorePath();
@@ -102,6 +102,8 @@ public:
 
 }  // namespace
 
-std::unique_ptr<Registry> MakeRegistry() { return std::make_unique<FileRegistry>(); }
+std::unique_ptr<Registry> MakeRegistry() {
+    return std::make_unique<FileRegistry>();
+}
 
 }  // namespace lumacfg::platform::posix

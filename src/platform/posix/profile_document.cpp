@@ -5,7 +5,9 @@
 namespace lumacfg::platform::posix {
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 std::string_view Trim(std::string_view text) {
     while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
@@ -13,7 +15,9 @@ std::string_view Trim(std::string_view text) {
     return text;
 }
 
-char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiLower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool SameName(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
@@ -51,7 +55,9 @@ std::string_view SingleLine(std::string_view value) {
     return value.substr(0, value.find_first_of("\r\n"));
 }
 
-bool IsBlankLine(std::string_view line) { return Trim(line).empty(); }
+bool IsBlankLine(std::string_view line) {
+    return Trim(line).empty();
+}
 
 }  // namespace
 
@@ -65,14 +71,21 @@ ProfileDocument::ProfileDocument(std::string_view bytes) {
         }
         bool crlf = newline > start && bytes[newline - 1] == '\r';
         std::size_t contentEnd = crlf ? newline - 1 : newline;
-        lines_.push_back({std::string(bytes.substr(start, contentEnd - start)), crlf ? "\r\n" : "\n"});
+        lines_.push_back(
+            {std::string(bytes.substr(start, contentEnd - start)), crlf ? "\r\n" : "\n"});
         start = newline + 1;
     }
-    if (!lines_.empty() && !lines_.front().ending.empty()) newline_ = lines_.front().ending;
 }
 
+std::string ProfileDocument::NewLine() const {
+    if (lines_.empty() || lines_.front().ending.empty()) return "\r\n";
+    return lines_.front().ending;
+}
+
+// Names asked for are trimmed like the names in the file, so " WSX " finds "[WSX]".
 std::optional<ProfileDocument::SectionSpan> ProfileDocument::FindSection(
     std::string_view section) const {
+    section = Trim(section);
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         auto name = HeaderName(lines_[i].content);
         if (!name || !SameName(*name, section)) continue;
@@ -85,6 +98,7 @@ std::optional<ProfileDocument::SectionSpan> ProfileDocument::FindSection(
 
 std::optional<std::size_t> ProfileDocument::FindKey(const SectionSpan& span,
                                                     std::string_view key) const {
+    key = Trim(key);
     for (std::size_t i = span.header + 1; i < span.end; ++i) {
         auto name = KeyName(lines_[i].content);
         if (name && SameName(*name, key)) return i;
@@ -103,13 +117,15 @@ std::optional<std::string> ProfileDocument::Get(std::string_view section,
 
 void ProfileDocument::InsertLine(std::size_t index, std::string content) {
     // The line before a new line must end, even when it was the file's unterminated last line.
-    if (index > 0 && lines_[index - 1].ending.empty()) lines_[index - 1].ending = newline_;
+    if (index > 0 && lines_[index - 1].ending.empty()) lines_[index - 1].ending = NewLine();
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index),
-                  Line{std::move(content), newline_});
+                  Line{std::move(content), NewLine()});
 }
 
 bool ProfileDocument::Set(std::string_view section, std::string_view key, std::string_view value) {
     value = SingleLine(value);
+    section = Trim(section);
+    key = Trim(key);
     auto span = FindSection(section);
     if (!span) {
         InsertLine(lines_.size(), "[" + std::string(section) + "]");
@@ -119,9 +135,10 @@ bool ProfileDocument::Set(std::string_view section, std::string_view key, std::s
     if (auto line = FindKey(*span, key)) {
         Line& changed = lines_[*line];
         std::string content = std::string(*KeyName(changed.content)) + "=" + std::string(value);
-        if (content == changed.content && changed.ending == newline_) return false;
+        std::string ending = NewLine();
+        if (content == changed.content && changed.ending == ending) return false;
         changed.content = std::move(content);
-        changed.ending = newline_;
+        changed.ending = std::move(ending);
         return true;
     }
     std::size_t last = span->end - 1;

@@ -11,7 +11,7 @@
 namespace lumacfg::platform::posix {
 
 class ProfileDocument {
-public:
+  public:
     ProfileDocument() = default;
     explicit ProfileDocument(std::string_view bytes);
 
@@ -24,7 +24,7 @@ public:
 
     std::string Bytes() const;
 
-private:
+  private:
     struct Line {
         std::string content;  // without its ending
         std::string ending;   // "\r\n", "\n" or "" for a last line without one
@@ -37,9 +37,11 @@ private:
     std::optional<SectionSpan> FindSection(std::string_view section) const;
     std::optional<std::size_t> FindKey(const SectionSpan& span, std::string_view key) const;
     void InsertLine(std::size_t index, std::string content);
+    // The ending of the file's first line as it stands now (CR LF when it has none), so an
+    // edit after the first line was deleted gives what re-reading the file would give.
+    std::string NewLine() const;
 
     std::vector<Line> lines_;
-    std::string newline_ = "\r\n";
 };
 
 }  // namespace lumacfg::platform::posix

@@ -7,7 +7,9 @@
 namespace lumacfg::platform::posix {
 namespace {
 
-char AsciiLower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiLower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 bool SameName(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
@@ -82,6 +84,12 @@ RegValue ParseValue(std::string_view data) {
     return value;
 }
 
+// Any "[...]" line, a deletion line included, ends the values of the key before it.
+bool IsKeyLine(std::string_view line) {
+    line = TrimBlanks(line);
+    return line.size() >= 2 && line.front() == '[' && line.back() == ']';
+}
+
 bool Continues(std::string_view line) {
     line = TrimBlanks(line);
     return !line.empty() && line.back() == '\\';
@@ -119,7 +127,7 @@ std::optional<RegDocument::KeySpan> RegDocument::FindKey(std::string_view keyPat
         auto path = KeyPathOf(lines_[i].content);
         if (!path || !SameName(*path, keyPath)) continue;
         std::size_t end = i + 1;
-        while (end < lines_.size() && !KeyPathOf(lines_[end].content)) ++end;
+        while (end < lines_.size() && !IsKeyLine(lines_[end].content)) ++end;
         return KeySpan{i, end};
     }
     return std::nullopt;
@@ -138,7 +146,9 @@ std::vector<RegDocument::Entry> RegDocument::EntriesOf(const KeySpan& span) cons
     return entries;
 }
 
-bool RegDocument::HasKey(std::string_view keyPath) const { return FindKey(keyPath).has_value(); }
+bool RegDocument::HasKey(std::string_view keyPath) const {
+    return FindKey(keyPath).has_value();
+}
 
 std::optional<RegValue> RegDocument::Get(std::string_view keyPath, std::string_view name) const {
     auto span = FindKey(keyPath);

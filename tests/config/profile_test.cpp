@@ -1,0 +1,184 @@
+// Profile operations on the station profile and the list helpers.
+#include "config/profile.h"
+
+#include <stdlib.h>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/services.h"
+
+namespace lumacfg {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ProfileOperationsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "lumacfg-station-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+        dir_ = pattern;
+        if (const char* old = std::getenv("LUMACFG_PROGRAM_DIR")) saved_ = old;
+        ::setenv("LUMACFG_PROGRAM_DIR", dir_.c_str(), 1);
+        platform::SetProfiles(nullptr);  // the platform's own engine
+    }
+    void TearDown() override {
+        if (saved_) {
+            ::setenv("LUMACFG_PROGRAM_DIR", saved_->c_str(), 1);
+        } else {
+            ::unsetenv("LUMACFG_PROGRAM_DIR");
+        }
+        fs::remove_all(dir_);
+    }
+    void PutStation(const std::string& bytes) {
+        std::ofstream(dir_ / "lumagen.ist", std::ios::binary) << bytes;
+    }
+    std::string Station() const {
+        std::ifstream in(dir_ / "lumagen.ist", std::ios::binary);
+        std::stringstream bytes;
+        bytes << in.rdbuf();
+        return bytes.str();
+    }
+
+    fs::path dir_;
+    std::optional<std::string> saved_;
+};
+
+TEST_F(ProfileOperationsTest, ProfileGetFillsTheCallersBuffer) {
+    PutStation("[WSX]\r\nALS_TYPE=12\r\nLONG=abcdefghij\r\nEMPTY=\r\n");
+    struct Case {
+        std::string key, defaultText;
+        std::size_t size;
+        std::string buffer;  // the whole buffer afterwards, filled with '*' beforehand
+        std::size_t count;
+    } cases[] = {
+        {"ALS_TYPE", "", 30, "12", 2},        {"LONG", "", 5, "abcd", 4},
+        {"LONG", "", 11, "abcdefghij", 10},   {"EMPTY", "x", 30, "", 0},
+        {"MISSING", "dflt  ", 30, "dflt", 4}, {"MISSING", "", 30, "", 0},
+    };
+    for (const Case& c : cases) {
+        std::string buffer(c.size, '*');
+        EXPECT_EQ(ProfileGet("WSX", c.key, c.defaultText, buffer, c.size), c.count) << c.key;
+        std::string expected = c.buffer;
+        if (expected.size() < c.size) expected += '\0';
+        expected.resize(c.size, '*');
+        EXPECT_EQ(buffer, expected) << c.key;
+    }
+}
+
+TEST_F(ProfileOperationsTest, SingleValuesAndGeneralReads) {
+    PutStation("[WSX]\nSAMPLE_DEPTH=120\nEMPTY=\nPATH=\"C:\\DATA\\\"\n");
+    EXPECT_EQ(ReadSingleValue("WSX", "sample_depth"), "120");
+    EXPECT_EQ(ReadSingleValue("WSX", "EMPTY"), std::nullopt);
+    EXPECT_EQ(ReadSingleValue("WSX", "MISSING"), std::nullopt);
+    EXPECT_EQ(ReadSingleValue("WSX", "PATH"), "C:\\DATA\\");
+
+    PutStation("[WSX]\nLONG=" + std::string(150, 'x') + "\n");
+    EXPECT_EQ(ReadSingleValue("WSX", "LONG"), std::string(99, 'x'));
+
+    std::ofstream(dir_ / "other.ini", std::ios::binary) << "[S]\nK=" << std::string(600, 'y');
+    const std::string other = (dir_ / "OTHER.INI").string();
+    std::string value = "stale";
+    EXPECT_EQ(ReadProfileValue("S", "K", "", value, other), 511);
+    EXPECT_EQ(value, std::string(511, 'y'));
+    EXPECT_EQ(ReadProfileValue("S", "MISSING", "", value, other), 0);
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(ReadProfileValue("S", "MISSING", "def ", value, other), 3);
+    EXPECT_EQ(value, "def");
+    EXPECT_EQ(ReadProfileValue("S", "K", "", value, (dir_ / "absent.ini").string()), 0);
+    EXPECT_EQ(value, "");
+}
+
+TEST_F(ProfileOperationsTest, WritesGoToTheProgramDirectoryOncePerBatch) {
+    EXPECT_NE(ProfileDelete("WSX", "ALS_TYPE"), 0);
+    EXPECT_FALSE(fs::exists(dir_ / "lumagen.ist"));
+    EXPECT_NE(ProfileSet("WSX", "ALS_TYPE", "1"), 0);
+    {
+        ProfileBatch batch;
+        EXPECT_NE(ProfileSet("wsx", "als_type", "2"), 0);
+        EXPECT_NE(ProfileSet("WSX_32", "_QCMDPATH$", "C:\\QC\\"), 0);
+        EXPECT_NE(ProfileDelete("WSX", "MISSING"), 0);
+        EXPECT_EQ(ReadSingleValue("WSX", "ALS_TYPE"), "2");
+        EXPECT_EQ(Station(), "[WSX]\r\nALS_TYPE=1\r\n");
+    }
+    EXPECT_EQ(Station(), "[WSX]\r\nALS_TYPE=2\r\n[WSX_32]\r\n_QCMDPATH$=C:\\QC\\\r\n");
+    fs::permissions(dir_ / "lumagen.ist", fs::perms::owner_read | fs::perms::group_read);
+    EXPECT_EQ(ProfileSet("WSX", "ALS_TYPE", "3"), 0);
+    EXPECT_EQ(ProfileDelete("WSX", "ALS_TYPE"), 0);
+}
+
+TEST(ListHelpersTest, SplitList) {
+    struct Case {
+        std::string text, delimiter;
+        int capacity;  // U: the list has U + 1 slots
+        int count;
+        std::vector<std::string> entries;  // the first `count` slots
+    } cases[] = {
+        {"1,2", ",", 10, 2, {"1", "2"}},
+        {"1,2,", ",", 10, 2, {"1", "2"}},
+        {",2", ",", 10, 2, {"", "2"}},
+        {"a", ",", 10, 1, {"a"}},
+        {",", ",", 10, 1, {""}},
+        {"a,,b", ",", 10, 3, {"a", "", "b"}},
+        {" a , b ", ",", 10, 2, {" a ", " b "}},
+        {"a,b,c", ",", 2, 2, {"a", "b"}},
+        {"1,2,3,4,5,6,7,8,9,10,11",
+         ",",
+         10,
+         10,
+         {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}},
+        {"a::b::", "::", 10, 2, {"a", "b"}},
+        {"a::b:", "::", 10, 2, {"a", "b:"}},
+        {"abc", ",", 0, 0, {}},
+    };
+    for (const Case& c : cases) {
+        std::vector<std::string> list(c.capacity + 1, "untouched");
+        EXPECT_EQ(SplitList(c.text, list, c.delimiter), c.count) << c.text;
+        for (int i = 0; i < c.count; ++i) EXPECT_EQ(list[i], c.entries[i]) << c.text << " " << i;
+        for (std::size_t i = c.count; i < list.size(); ++i) {
+            EXPECT_EQ(list[i], "untouched") << c.text << " " << i;
+        }
+    }
+    std::vector<std::string> list(11, "untouched");
+    EXPECT_EQ(SplitList("", list, ","), 0);
+    EXPECT_EQ(list[0], "untouched");
+}
+
+TEST(ListHelpersTest, ParseIntList) {
+    struct Case {
+        std::string text;
+        std::array<std::int16_t, 4> values;
+    } cases[] = {
+        {"1,2,3,4", {1, 2, 3, 4}},
+        {"1,,3,4", {1, 0, 0, 0}},
+        {",2,3", {0, 0, 0, 0}},
+        {"", {0, 0, 0, 0}},
+        {std::string(5, '\0'), {0, 0, 0, 0}},
+        {"7", {7, 0, 0, 0}},
+        {" 5, x,2.5,3.5", {5, 0, 2, 4}},
+        {"1,2,", {1, 2, 0, 0}},
+        {"1,2,3,4,5", {1, 2, 3, 4}},
+        {"40000,-1", {0, -1, 0, 0}},
+    };
+    for (const Case& c : cases) {
+        std::array<std::int16_t, 4> values = {9, 9, 9, 9};
+        ParseIntList(c.text, values);
+        EXPECT_EQ(values, c.values) << c.text;
+    }
+}
+
+TEST(ListHelpersTest, AnsiByteLengthCountsBytes) {
+    EXPECT_EQ(AnsiByteLength(""), 0);
+    EXPECT_EQ(AnsiByteLength("abc"), 3);
+    EXPECT_EQ(AnsiByteLength("\xB5g/l"), 4);  // a Windows-1252 byte is one character
+}
+
+}  // namespace
+}  // namespace lumacfg

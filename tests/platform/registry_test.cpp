@@ -1,0 +1,220 @@
+// The machine-wide registry store: its ".reg" text and the keys opened on it.
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "platform/posix/atomic_file.h"
+#include "platform/posix/backends.h"
+#include "platform/posix/reg_document.h"
+
+namespace lumacfg::platform::posix {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kKey = "SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion";
+
+// A store with one key of ours, lines of kinds the store does not write, and a second key.
+const std::string kStore =
+    "Windows Registry Editor Version 5.00\r\n"
+    "\r\n"
+    "; exported by the installation\r\n"
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n"
+    "\"Path\"=\"C:\\\\Plasmasuite\\\\\"\r\n"
+    "\"HardWare\"=dword:00000002\r\n"
+    "\"Blob\"=hex:01,02,03,\\\r\n"
+    "  04,05\r\n"
+    "@=\"default\"\r\n"
+    "\r\n"
+    "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed]\r\n"
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n"
+    "\"Path\"=\"elsewhere\"\r\n";
+
+TEST(RegDocumentTest, ReadsValuesOfEveryKind) {
+    RegDocument document(kStore);
+    const std::string key = std::string("hkey_local_machine\\") + kKey;
+    struct Case {
+        std::string name;
+        RegValue::Kind kind;
+        std::string text;
+        std::uint32_t dword;
+    } cases[] = {
+        {"path", RegValue::Kind::String, "C:\\Plasmasuite\\", 0},
+        {"HARDWARE", RegValue::Kind::Dword, "", 2},
+        {"Blob", RegValue::Kind::Other, "", 0},
+        {"", RegValue::Kind::String, "default", 0},
+    };
+    for (const Case& c : cases) {
+        auto value = document.Get(key, c.name);
+        ASSERT_TRUE(value) << c.name;
+        EXPECT_EQ(value->kind, c.kind) << c.name;
+        EXPECT_EQ(value->text, c.text) << c.name;
+        EXPECT_EQ(value->dword, c.dword) << c.name;
+    }
+    EXPECT_FALSE(document.Get(key, "Missing"));
+    EXPECT_FALSE(document.HasKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed"));
+    EXPECT_EQ(document.Get("HKEY_LOCAL_MACHINE\\SOFTWARE\\OTHER", "Path")->text, "elsewhere");
+}
+
+TEST(RegDocumentTest, WritesChangeOnlyTheirLine) {
+    const std::string key = std::string("HKEY_LOCAL_MACHINE\\") + kKey;
+    struct Case {
+        const char* what;
+        bool dword;
+        std::string name, text;
+        std::uint32_t value;
+        std::string from, to;  // the text replaced in the store
+    } cases[] = {
+        {"dword, name as the store spells it", true, "hardware", "", 0x0890F76Fu,
+         "\"HardWare\"=dword:00000002", "\"HardWare\"=dword:0890f76f"},
+        {"new dword after the last value", true, "ConfigurationID", "", 0xFFFFFFFFu,
+         "@=\"default\"\r\n", "@=\"default\"\r\n\"ConfigurationID\"=dword:ffffffff\r\n"},
+        {"escaped string", false, "PATH", "D:\\Data \"x\"", 0, "\"Path\"=\"C:\\\\Plasmasuite\\\\\"",
+         "\"Path\"=\"D:\\\\Data \\\"x\\\"\""},
+        {"string up to its NUL", false, "VLT_TEMP", std::string("C:\\T\0junk", 9), 0,
+         "@=\"default\"\r\n", "@=\"default\"\r\n\"VLT_TEMP\"=\"C:\\\\T\"\r\n"},
+        {"continued value replaced whole", false, "blob", "text", 0,
+         "\"Blob\"=hex:01,02,03,\\\r\n  04,05", "\"Blob\"=\"text\""},
+    };
+    for (const Case& c : cases) {
+        RegDocument document(kStore);
+        ASSERT_TRUE(c.dword ? document.SetDword(key, c.name, c.value)
+                            : document.SetString(key, c.name, c.text))
+            << c.what;
+        std::string expected = kStore;
+        expected.replace(expected.find(c.from), c.from.size(), c.to);
+        EXPECT_EQ(document.Bytes(), expected) << c.what;
+        RegDocument reread(document.Bytes());
+        auto value = reread.Get(key, c.name);
+        ASSERT_TRUE(value) << c.what;
+        if (c.dword) {
+            EXPECT_EQ(value->dword, c.value) << c.what;
+        } else {
+            EXPECT_EQ(value->text, c.text.substr(0, c.text.find('\0'))) << c.what;
+        }
+    }
+    RegDocument document(kStore);
+    EXPECT_FALSE(document.SetDword("HKEY_LOCAL_MACHINE\\SOFTWARE\\Nowhere", "X", 1));
+    EXPECT_EQ(document.Bytes(), kStore);
+}
+
+class RegistryStoreTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        std::string pattern = (fs::temp_directory_path() / "lumacfg-reg-XXXXXX").string();
+        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+        dir_ = pattern;
+        store_ = (dir_ / "registry.reg").string();
+        std::ofstream(store_, std::ios::binary) << kStore;
+        if (const char* old = std::getenv("LUMACFG_REGISTRY")) saved_ = old;
+        ::setenv("LUMACFG_REGISTRY", store_.c_str(), 1);
+    }
+    void TearDown() override {
+        if (saved_) {
+            ::setenv("LUMACFG_REGISTRY", saved_->c_str(), 1);
+        } else {
+            ::unsetenv("LUMACFG_REGISTRY");
+        }
+        fs::remove_all(dir_);
+    }
+
+    fs::path dir_;
+    std::string store_;
+    std::optional<std::string> saved_;
+};
+
+TEST_F(RegistryStoreTest, ValuesSurviveReopening) {
+    {
+        auto key = MakeRegistry()->OpenKey(kKey, RegistryAccess::SetValue);
+        ASSERT_TRUE(key);
+        EXPECT_TRUE(key->SetDword("ConfigurationID", 0x0890F76Fu));
+        EXPECT_TRUE(key->SetString("VLT_LCD", "C:\\LCD\\"));
+        EXPECT_TRUE(key->SetString("path", "E:\\"));
+    }
+    auto key = MakeRegistry()->OpenKey("software\\corvane instruments\\PLASMASUITE\\currentversion",
+                                       RegistryAccess::Read);
+    ASSERT_TRUE(key);
+    EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);
+    EXPECT_EQ(key->QueryString("vlt_lcd"), "C:\\LCD\\");
+    EXPECT_EQ(key->QueryString("Path"), "E:\\");
+    EXPECT_EQ(key->QueryString("HardWare"), std::nullopt);  // a dword is no string
+    EXPECT_EQ(key->QueryDword("Path"), std::nullopt);
+    EXPECT_EQ(key->QueryDword("Missing"), std::nullopt);
+    EXPECT_FALSE(key->SetDword("HardWare", 5));  // opened for reading only
+
+    std::string bytes = ReadWholeFile(store_).value();
+    EXPECT_NE(bytes.find("\"ConfigurationID\"=dword:0890f76f\r\n"), std::string::npos);
+    EXPECT_NE(bytes.find("\"Blob\"=hex:01,02,03,\\\r\n  04,05\r\n"), std::string::npos);
+    EXPECT_NE(bytes.find("[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed]\r\n"), std::string::npos);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()), 1);
+}
+
+TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
+    auto registry = MakeRegistry();
+    EXPECT_FALSE(registry->OpenKey("SOFTWARE\\Corvane Instruments", RegistryAccess::Read));
+    EXPECT_FALSE(registry->OpenKey("SOFTWARE\\Removed", RegistryAccess::Read));
+    EXPECT_TRUE(registry->OpenKey("SOFTWARE\\Other", RegistryAccess::SetValue));
+
+    ASSERT_EQ(::chmod(store_.c_str(), 0444), 0);  // refused even to the super-user
+    EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::SetValue));
+    auto key = registry->OpenKey(kKey, RegistryAccess::Read);
+    ASSERT_TRUE(key);
+    EXPECT_EQ(key->QueryDword("HardWare"), 2u);
+
+    ::setenv("LUMACFG_REGISTRY", (dir_ / "absent.reg").c_str(), 1);
+    EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::Read));
+}
+
+TEST_F(RegistryStoreTest, WriteKeepsThePermissionsOfTheStore) {
+    ASSERT_EQ(::chmod(store_.c_str(), 0600), 0);
+    auto key = MakeRegistry()->OpenKey(kKey, RegistryAccess::SetValue);
+    ASSERT_TRUE(key);
+    ASSERT_TRUE(key->SetDword("EnableVLTIntegration", 1));
+    struct stat info {};
+    ASSERT_EQ(::stat(store_.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777, 0600u);
+}
+
+// Writers in several processes at once lose none of each other's values.
+TEST_F(RegistryStoreTest, ConcurrentWritersLoseNothing) {
+    constexpr int kWriters = 4, kWrites = 25;
+    std::vector<pid_t> children;
+    for (int writer = 0; writer < kWriters; ++writer) {
+        pid_t child = ::fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            auto key = MakeRegistry()->OpenKey(kKey, RegistryAccess::SetValue);
+            bool ok = key != nullptr;
+            for (int i = 0; ok && i < kWrites; ++i) {
+                ok = key->SetDword("Writer" + std::to_string(writer) + "_" + std::to_string(i),
+                                   static_cast<std::uint32_t>(i));
+            }
+            ::_exit(ok ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    for (pid_t child : children) {
+        int status = 0;
+        ASSERT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    auto key = MakeRegistry()->OpenKey(kKey, RegistryAccess::Read);
+    ASSERT_TRUE(key);
+    for (int writer = 0; writer < kWriters; ++writer) {
+        for (int i = 0; i < kWrites; ++i) {
+            EXPECT_EQ(key->QueryDword("writer" + std::to_string(writer) + "_" + std::to_string(i)),
+                      static_cast<std::uint32_t>(i));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace lumacfg::platform::posix
