@@ -123,9 +123,10 @@ void ProfileDocument::InsertLine(std::size_t index, std::string content) {
 }
 
 bool ProfileDocument::Set(std::string_view section, std::string_view key, std::string_view value) {
+    // Nothing written may break a line: names and value end at their first CR or LF.
     value = SingleLine(value);
-    section = Trim(section);
-    key = Trim(key);
+    section = Trim(SingleLine(section));
+    key = Trim(SingleLine(key));
     auto span = FindSection(section);
     if (!span) {
         InsertLine(lines_.size(), "[" + std::string(section) + "]");
