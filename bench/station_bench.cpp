@@ -21,7 +21,8 @@ constexpr int kOtherProgramsKeys = 10000;
 // A station directory with a registry store; the station profile is the default one, plus
 // `otherKeys` keys of other programs spread over twenty sections.
 void MakeStation(int otherKeys) {
-    fs::path root = fs::temp_directory_path() / ("lumacfg-bench-station-" + std::to_string(otherKeys));
+    fs::path root =
+        fs::temp_directory_path() / ("lumacfg-bench-station-" + std::to_string(otherKeys));
     fs::remove_all(root);
     fs::create_directories(root / "LUMAEXE");
     std::ofstream(root / "registry.reg", std::ios::binary)
@@ -34,7 +35,8 @@ void MakeStation(int otherKeys) {
         std::ofstream out(root / "LUMAEXE" / "lumagen.ist", std::ios::binary);
         for (int section = 0; section < 20; ++section) {
             out << "[OTHER" << section << "]\r\n";
-            for (int k = section; k < otherKeys; k += 20) out << "KEY" << k << "=value " << k << "\r\n";
+            for (int k = section; k < otherKeys; k += 20)
+                out << "KEY" << k << "=value " << k << "\r\n";
         }
     }
     lumacfg::Config() = lumacfg::ConfigRecord{};

@@ -22,7 +22,8 @@ std::string_view WantedLinkKind(std::string_view device) {
 Int16 LinkOfKind(std::string_view kind) {
     const ConfigRecord& record = Config();
     for (int i = 0; i < kLinkCount; ++i) {
-        if (record.LINK_USED[i] > 0 && record.LINK_TYPE[i] == kind) return static_cast<Int16>(i + 1);
+        if (record.LINK_USED[i] > 0 && record.LINK_TYPE[i] == kind)
+            return static_cast<Int16>(i + 1);
     }
     return 0;
 }

@@ -67,7 +67,8 @@ void LoadLink(ConfigRecord& record, int i, const std::string& stored) {
     } else if (kind == "lan") {
         std::size_t open = stored.find('[');
         std::size_t close = open == std::string::npos ? open : stored.find(']', open + 1);
-        if (close != std::string::npos) record.LAN_IPADDR = stored.substr(open + 1, close - open - 1);
+        if (close != std::string::npos)
+            record.LAN_IPADDR = stored.substr(open + 1, close - open - 1);
     }
 }
 
@@ -162,13 +163,15 @@ void LoadCarrierGasChange(ConfigRecord& record) {
         record.OPT_CHG_FLW = static_cast<float>(LenientNumber(*flow));
     } else {
         record.OPT_CHG_FLW = 0.20F;
-        ProfileSet(kSection, "OPT_CHG_FLW", FormatNumber(record.OPT_CHG_FLW, NumberFormat::TwoDecimals));
+        ProfileSet(kSection, "OPT_CHG_FLW",
+                   FormatNumber(record.OPT_CHG_FLW, NumberFormat::TwoDecimals));
     }
     if (auto time = ReadSingleValue(kSection, "OPT_CHG_TIME")) {
         Narrow(*time, record.OPT_CHG_TIME);
     } else {
         record.OPT_CHG_TIME = 12;
-        ProfileSet(kSection, "OPT_CHG_TIME", FormatNumber(record.OPT_CHG_TIME, NumberFormat::Integer));
+        ProfileSet(kSection, "OPT_CHG_TIME",
+                   FormatNumber(record.OPT_CHG_TIME, NumberFormat::Integer));
     }
 }
 

@@ -10,7 +10,9 @@
 namespace lumacfg {
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Length of the longest prefix of `text` that is a decimal number, 0 if none.
 std::size_t NumericPrefixLength(std::string_view text) {
@@ -106,8 +108,12 @@ double LenientNumber(std::string_view text) {
     return std::isfinite(value) ? value : 0.0;
 }
 
-std::optional<std::int16_t> RoundToInt16(double value) { return RoundToRange<std::int16_t>(value); }
-std::optional<std::int32_t> RoundToInt32(double value) { return RoundToRange<std::int32_t>(value); }
+std::optional<std::int16_t> RoundToInt16(double value) {
+    return RoundToRange<std::int16_t>(value);
+}
+std::optional<std::int32_t> RoundToInt32(double value) {
+    return RoundToRange<std::int32_t>(value);
+}
 
 std::int16_t LenientInt16(std::string_view text) {
     return RoundToInt16(LenientNumber(text)).value_or(0);
@@ -127,6 +133,8 @@ std::string FormatNumber(double value, NumberFormat format) {
     return {};
 }
 
-std::string IntText(long long value) { return std::to_string(value); }
+std::string IntText(long long value) {
+    return std::to_string(value);
+}
 
 }  // namespace lumacfg

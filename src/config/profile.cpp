@@ -11,10 +11,11 @@ std::string StationProfilePath() {
     return platform::JoinPath(platform::ProgramDirectory(), kStationProfile);
 }
 
-std::size_t ProfileGet(std::string_view section, std::string_view key,
-                       std::string_view defaultText, std::string& buffer, std::size_t size) {
+std::size_t ProfileGet(std::string_view section, std::string_view key, std::string_view defaultText,
+                       std::string& buffer, std::size_t size) {
     if (buffer.size() < size) buffer.resize(size, '\0');
-    auto read = platform::Profiles().GetString(StationProfilePath(), section, key, defaultText, size);
+    auto read =
+        platform::Profiles().GetString(StationProfilePath(), section, key, defaultText, size);
     std::copy(read.text.begin(), read.text.end(), buffer.begin());
     if (read.count < size) buffer[read.count] = '\0';
     return read.count;
@@ -47,7 +48,9 @@ int ReadProfileValue(std::string_view section, std::string_view key, std::string
     return AnsiByteLength(value);
 }
 
-int AnsiByteLength(std::string_view text) { return static_cast<int>(text.size()); }
+int AnsiByteLength(std::string_view text) {
+    return static_cast<int>(text.size());
+}
 
 int SplitList(std::string_view text, std::span<std::string> list, std::string_view delimiter) {
     if (text.empty() || list.empty()) return 0;
@@ -80,7 +83,11 @@ void ParseIntList(std::string_view text, std::span<std::int16_t> values) {
     }
 }
 
-ProfileBatch::ProfileBatch() { platform::Profiles().BeginBatch(); }
-ProfileBatch::~ProfileBatch() { platform::Profiles().EndBatch(); }
+ProfileBatch::ProfileBatch() {
+    platform::Profiles().BeginBatch();
+}
+ProfileBatch::~ProfileBatch() {
+    platform::Profiles().EndBatch();
+}
 
 }  // namespace lumacfg

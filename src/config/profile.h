@@ -18,8 +18,8 @@ std::string StationProfilePath();
 // Reads key of section of "lumagen.ist" into `buffer`, whose size the caller has set (and
 // whose contents the caller has filled, usually with NULs): the value's characters followed
 // by a NUL when there is room. Returns the number of characters stored.
-std::size_t ProfileGet(std::string_view section, std::string_view key,
-                       std::string_view defaultText, std::string& buffer, std::size_t size);
+std::size_t ProfileGet(std::string_view section, std::string_view key, std::string_view defaultText,
+                       std::string& buffer, std::size_t size);
 // Writes key=value; the key and the section are created when missing. Non-zero on success.
 int ProfileSet(std::string_view section, std::string_view key, std::string_view value);
 // Removes the key. Non-zero on success.
@@ -49,7 +49,7 @@ void ParseIntList(std::string_view text, std::span<std::int16_t> values);
 
 // The whole save: every file changed between construction and destruction is written once.
 class ProfileBatch {
-public:
+  public:
     ProfileBatch();
     ~ProfileBatch();
     ProfileBatch(const ProfileBatch&) = delete;

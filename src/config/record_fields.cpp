@@ -117,7 +117,9 @@ std::vector<RecordField> RecordFields(ConfigRecord& r) {
     };
 }
 
-std::string FieldText(const FieldRef& ref) { return std::visit(TextOf{}, ref); }
+std::string FieldText(const FieldRef& ref) {
+    return std::visit(TextOf{}, ref);
+}
 
 void PrintRecord(std::ostream& out, ConfigRecord& record) {
     for (const RecordField& field : RecordFields(record)) {

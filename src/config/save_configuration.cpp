@@ -14,8 +14,12 @@ namespace {
 constexpr std::string_view kSection = "WSX,1";
 constexpr std::string_view kLinks = "WSX_32";
 
-void Write(std::string_view key, std::string_view text) { ProfileSet(kSection, key, text); }
-void WriteInt(std::string_view key, long long value) { Write(key, IntText(value)); }
+void Write(std::string_view key, std::string_view text) {
+    ProfileSet(kSection, key, text);
+}
+void WriteInt(std::string_view key, long long value) {
+    Write(key, IntText(value));
+}
 void WriteWhole(std::string_view key, double value) {
     Write(key, FormatNumber(value, NumberFormat::Integer));
 }

@@ -139,7 +139,9 @@ bool StartUp(const StartUpOptions& options) {
     return goOn;
 }
 
-bool InSetUpMode() { return Config().AUTOMATE >= 1; }
+bool InSetUpMode() {
+    return Config().AUTOMATE >= 1;
+}
 
 void CloseStation() {
     ConfigRecord& record = Config();

@@ -10,8 +10,8 @@
 namespace lumacfg {
 
 struct StartUpOptions {
-    bool commandLineEmpty = true;    // only an interactive start logs on
-    std::uintptr_t mainWindow = 0;   // handed to the logon
+    bool commandLineEmpty = true;   // only an interactive start logs on
+    std::uintptr_t mainWindow = 0;  // handed to the logon
 };
 
 // The whole start-up sequence. True: the program goes on; false: it must close at once.

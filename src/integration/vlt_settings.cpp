@@ -21,12 +21,15 @@ std::string ReadString(std::string_view name) {
 }
 
 void WriteString(std::string_view name, std::string_view text) {
-    if (auto key = OpenDataSystemKey(platform::RegistryAccess::SetValue)) key->SetString(name, text);
+    if (auto key = OpenDataSystemKey(platform::RegistryAccess::SetValue))
+        key->SetString(name, text);
 }
 
 }  // namespace
 
-std::string GetDataSystemPath() { return ReadString("Path"); }
+std::string GetDataSystemPath() {
+    return ReadString("Path");
+}
 
 std::int32_t GetVltEnabled() {
     auto key = OpenDataSystemKey(platform::RegistryAccess::Read);
@@ -40,9 +43,13 @@ void SetVltEnabled(std::int32_t value) {
     }
 }
 
-std::string GetVltFolder() { return ReadString("VLT_LCD"); }
+std::string GetVltFolder() {
+    return ReadString("VLT_LCD");
+}
 
-void SetVltFolder(std::string_view folder) { WriteString("VLT_LCD", folder); }
+void SetVltFolder(std::string_view folder) {
+    WriteString("VLT_LCD", folder);
+}
 
 void SetVltTempFolder() {
     auto key = OpenDataSystemKey(platform::RegistryAccess::Read);

@@ -11,7 +11,7 @@
 namespace lumacfg::platform {
 
 class FileSystem {
-public:
+  public:
     virtual ~FileSystem() = default;
     // Length of a file in bytes; nullopt when it cannot be asked (missing file).
     virtual std::optional<std::uint64_t> FileLength(std::string_view path) = 0;

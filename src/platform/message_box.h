@@ -19,7 +19,7 @@ struct MessageRequest {
 };
 
 class MessageBoxService {
-public:
+  public:
     virtual ~MessageBoxService() = default;
     virtual MessageAnswer Show(const MessageRequest& request) = 0;
 };

@@ -9,7 +9,7 @@ namespace lumacfg::platform {
 using ProcessId = std::uint32_t;
 
 class ProcessService {
-public:
+  public:
     virtual ~ProcessService() = default;
     // Starts a command line as a detached process; nullopt when it cannot be started.
     virtual std::optional<ProcessId> Start(std::string_view commandLine) = 0;
@@ -19,7 +19,7 @@ public:
 
 // Held for the life of the process: the single-instance lock.
 class InstanceLock {
-public:
+  public:
     virtual ~InstanceLock() = default;
     // True when this is the only running copy (the lock is then kept until exit).
     virtual bool Acquire() = 0;

@@ -9,12 +9,12 @@
 namespace lumacfg::platform {
 
 struct ProfileRead {
-    std::string text;    // at most size - 1 characters
-    std::size_t count;   // characters stored (text.size())
+    std::string text;   // at most size - 1 characters
+    std::size_t count;  // characters stored (text.size())
 };
 
 class ProfileService {
-public:
+  public:
     virtual ~ProfileService() = default;
 
     // Reads a value as the profile service does: at most size - 1 characters; a missing file,

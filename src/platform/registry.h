@@ -11,7 +11,7 @@
 namespace lumacfg::platform {
 
 class RegistryKey {
-public:
+  public:
     virtual ~RegistryKey() = default;  // closes the key
     virtual std::optional<std::string> QueryString(std::string_view name) = 0;
     virtual std::optional<std::uint32_t> QueryDword(std::string_view name) = 0;
@@ -23,7 +23,7 @@ public:
 enum class RegistryAccess { Read, SetValue };
 
 class Registry {
-public:
+  public:
     virtual ~Registry() = default;
     // Opens an existing key of the local-machine hive ("SOFTWARE\..."); a missing key, or a
     // store that may not be written when SetValue access is asked for, gives nullptr.

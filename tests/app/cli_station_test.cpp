@@ -20,7 +20,7 @@ struct CliResult {
 };
 
 class CliStationTest : public TempStation {
-protected:
+  protected:
     void SetUp() override {
         TempStation::SetUp();
         ::setenv("LUMACFG_LOCK_DIR", Root().c_str(), 1);  // never the lock of a real session
@@ -37,7 +37,8 @@ protected:
         CliResult result;
         FILE* pipe = ::popen(command.c_str(), "r");
         char chunk[4096];
-        while (std::size_t got = std::fread(chunk, 1, sizeof chunk, pipe)) result.out.append(chunk, got);
+        while (std::size_t got = std::fread(chunk, 1, sizeof chunk, pipe))
+            result.out.append(chunk, got);
         int status = ::pclose(pipe);
         result.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
         result.err = ReadBytes(errFile).value_or("");
@@ -50,7 +51,8 @@ TEST_F(CliStationTest, ShowCreatesANewStationAndPrintsTheRecord) {
     ASSERT_EQ(shown.exit, 0) << shown.err;
     EXPECT_NE(shown.out.find("\nROOT_PATH=" + Root() + "\n"), std::string::npos);
     EXPECT_NE(shown.out.find("\n_QCMDPATH$=" + Root() + "\\1\\QCMODE\\\n"), std::string::npos);
-    EXPECT_NE(shown.out.find("\nINHIBIT_MASS=14 16 17 18 19 32 36 38 40 41 0\n"), std::string::npos);
+    EXPECT_NE(shown.out.find("\nINHIBIT_MASS=14 16 17 18 19 32 36 38 40 41 0\n"),
+              std::string::npos);
     EXPECT_EQ(shown.out.rfind("ICPMS_TYPE=1\n", 0), 0U);
     EXPECT_NE(StationText().find("[WSX]\r\nApplications=ICPMS\r\n"), std::string::npos);
 }

@@ -12,7 +12,7 @@ using testing_support::TempStation;
 using testing_support::WriteBytes;
 
 class ConfigRecordTest : public TempStation {
-protected:
+  protected:
     void SetHardWare(const std::string& valueLine) {
         WriteBytes(RegistryPath(), RegistryText(valueLine));
     }
@@ -82,12 +82,9 @@ TEST_F(ConfigRecordTest, DefaultRacksByAutosamplerType) {
 TEST_F(ConfigRecordTest, InhibitedMassesParse) {
     using Masses = std::array<Int16, 11>;
     const std::pair<std::string, Masses> cases[] = {
-        {"", Masses{}},
-        {"14 16 error", Masses{}},
-        {"error", Masses{}},
-        {"1 2 3 4 5 6 7 8 9 10 11 12", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0}},
-        {"7  9", {7, 9}},
-        {" 7 x 12.6 40abc", {7, 0, 13, 40}},
+        {"", Masses{}},      {"14 16 error", Masses{}},
+        {"error", Masses{}}, {"1 2 3 4 5 6 7 8 9 10 11 12", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0}},
+        {"7  9", {7, 9}},    {" 7 x 12.6 40abc", {7, 0, 13, 40}},
         {"200 ", {200}},
     };
     for (const auto& [text, masses] : cases) {

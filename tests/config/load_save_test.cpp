@@ -18,11 +18,11 @@ using testing_support::TempStation;
 using testing_support::WriteBytes;
 
 class LoadSaveTest : public TempStation {
-protected:
+  protected:
     // A station profile holding these lines in "[WSX,1]" and these in "[WSX_32]".
     void WriteStation(const std::string& wsx1, const std::string& wsx32 = "") {
-        WriteBytes(StationProfile(), "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n" + wsx32 +
-                                         "[WSX,1]\r\n" + wsx1);
+        WriteBytes(StationProfile(),
+                   "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n" + wsx32 + "[WSX,1]\r\n" + wsx1);
     }
     std::string Value(const std::string& key, const std::string& section = "WSX,1") {
         return ReadSingleValue(section, key).value_or("<none>");
@@ -30,8 +30,9 @@ protected:
 };
 
 TEST_F(LoadSaveTest, LinksAreReadByKind) {
-    WriteStation("", "Links=1,2,3\r\nLink1=gx40110,7\r\nLink2=COM3,488\r\n"
-                     "Link3=lan[10.0.0.5]:brenmarkib,0\r\n");
+    WriteStation("",
+                 "Links=1,2,3\r\nLink1=gx40110,7\r\nLink2=COM3,488\r\n"
+                 "Link3=lan[10.0.0.5]:brenmarkib,0\r\n");
     LoadConfiguration();
     const ConfigRecord& r = Config();
     EXPECT_EQ(r.GPIB_ADDR, 7);
@@ -110,14 +111,15 @@ TEST_F(LoadSaveTest, SecurityAndAlwaysPrintFromTheIdentifier) {
         Int16 security, printing;
     };
     const Case cases[] = {
-        {"dword:0890f76f", "", 1, -1},    {"dword:0890f76f", "_ALWAYSPRT=0\r\n", 1, 0},
-        {"dword:0890f76e", "", 0, 0},     {"dword:0890f76e", "_ALWAYSPRT=1\r\n", 0, 0},
-        {"dword:0890f76d", "", -1, 0},    {"dword:0890f76d", "_ALWAYSPRT=1\r\n", -1, -1},
-        {"", "_ALWAYSPRT=1\r\n", 0, 0},   {"dword:0890f76f", "_ALWAYSPRT=yes\r\n", 1, -1},
+        {"dword:0890f76f", "", 1, -1},  {"dword:0890f76f", "_ALWAYSPRT=0\r\n", 1, 0},
+        {"dword:0890f76e", "", 0, 0},   {"dword:0890f76e", "_ALWAYSPRT=1\r\n", 0, 0},
+        {"dword:0890f76d", "", -1, 0},  {"dword:0890f76d", "_ALWAYSPRT=1\r\n", -1, -1},
+        {"", "_ALWAYSPRT=1\r\n", 0, 0}, {"dword:0890f76f", "_ALWAYSPRT=yes\r\n", 1, -1},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.identifier + " " + c.alwaysPrint);
-        std::string value = c.identifier.empty() ? "" : "\"ConfigurationID\"=" + c.identifier + "\r\n";
+        std::string value =
+            c.identifier.empty() ? "" : "\"ConfigurationID\"=" + c.identifier + "\r\n";
         WriteBytes(RegistryPath(), testing_support::RegistryText(value));
         WriteStation(c.alwaysPrint);
         LoadConfiguration();
@@ -127,9 +129,11 @@ TEST_F(LoadSaveTest, SecurityAndAlwaysPrintFromTheIdentifier) {
 }
 
 TEST_F(LoadSaveTest, VltIsOffWithoutSecurity) {
-    WriteBytes(RegistryPath(), testing_support::RegistryText(
-                                   "\"ConfigurationID\"=dword:0890f76e\r\n"
-                                   "\"EnableVLTIntegration\"=dword:00000001\r\n\"VLT_LCD\"=\"\\\\srv\\\\lab\"\r\n"));
+    WriteBytes(
+        RegistryPath(),
+        testing_support::RegistryText(
+            "\"ConfigurationID\"=dword:0890f76e\r\n"
+            "\"EnableVLTIntegration\"=dword:00000001\r\n\"VLT_LCD\"=\"\\\\srv\\\\lab\"\r\n"));
     WriteStation("");
     LoadConfiguration();
     EXPECT_EQ(Config().VLT_ENABLED, 0);
@@ -139,8 +143,9 @@ TEST_F(LoadSaveTest, VltIsOffWithoutSecurity) {
 TEST_F(LoadSaveTest, LoadCompletesOnlyTheTwoMissingOptionKeys) {
     WriteStation("OPT_CHG_FLW=0.5\r\n");
     LoadConfiguration();
-    EXPECT_EQ(StationText(), "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n[WSX,1]\r\n"
-                             "OPT_CHG_FLW=0.5\r\nOPT_CHG_TIME=12\r\n");
+    EXPECT_EQ(StationText(),
+              "[WSX]\r\nApplications=ICPMS\r\n[WSX_32]\r\n[WSX,1]\r\n"
+              "OPT_CHG_FLW=0.5\r\nOPT_CHG_TIME=12\r\n");
 }
 
 TEST_F(LoadSaveTest, BrokenProfilesLoadWithoutCrashing) {
@@ -243,9 +248,9 @@ ConfigRecord RandomRecord(std::mt19937& random, const std::string& root) {
     }
     r.DSS_REP = pick(2, 9);
     r.DSS_WAIT = pick(0, 99);
-    for (Int16* flag : {&r.OPT_SC, &r.OPT_PMP2, &r.EnableDTCal, &r.OPT_ORGANIC, &r.OPT_IMTPUMP,
-                        &r.OPT_SHUTDOWN, &r.OPT_AUTOREC, &r.OPT_STOP_PP, &r.OPT_CHG_CG,
-                        &r.ExternalPump}) {
+    for (Int16* flag :
+         {&r.OPT_SC, &r.OPT_PMP2, &r.EnableDTCal, &r.OPT_ORGANIC, &r.OPT_IMTPUMP, &r.OPT_SHUTDOWN,
+          &r.OPT_AUTOREC, &r.OPT_STOP_PP, &r.OPT_CHG_CG, &r.ExternalPump}) {
         *flag = pick(0, 1);
     }
     r.MPM = pick(0, 2);
@@ -291,7 +296,7 @@ TEST_F(LoadSaveTest, LoadAfterSaveGivesBackTheRecord) {
     for (int round = 0; round < 40; ++round) {
         Config() = RandomRecord(random, Root());
         std::filesystem::remove(StationProfile());  // tray and depths stay in the file otherwise
-        SaveConfiguration();  // composes the link strings
+        SaveConfiguration();                        // composes the link strings
         ConfigRecord saved = Config();
         LoadConfiguration();
         Config().ROOT_PATH = saved.ROOT_PATH;
@@ -306,7 +311,8 @@ TEST_F(LoadSaveTest, LoadAfterSaveGivesBackTheRecord) {
 
 TEST_F(LoadSaveTest, SaveWritesTheStationProfileOnceAndKeepsOtherKeys) {
     std::string others;
-    for (int i = 0; i < 300; ++i) others += "X" + std::to_string(i) + "=kept " + std::to_string(i) + "\r\n";
+    for (int i = 0; i < 300; ++i)
+        others += "X" + std::to_string(i) + "=kept " + std::to_string(i) + "\r\n";
     WriteStation(others, "Mine=1\r\n");
     struct stat before {};
     ::stat(StationProfile().c_str(), &before);

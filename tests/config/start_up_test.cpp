@@ -15,24 +15,26 @@ using testing_support::TempStation;
 using testing_support::WriteBytes;
 
 class FixedInstance final : public platform::InstanceLock {
-public:
+  public:
     explicit FixedInstance(bool first) : first_(first) {}
     bool Acquire() override { return first_; }
 
-private:
+  private:
     bool first_;
 };
 
 // A desktop where exactly one window of the given class is open.
 class OneWindowDesktop final : public platform::WindowService {
-public:
+  public:
     explicit OneWindowDesktop(std::string className) : className_(std::move(className)) {}
     platform::WindowHandle FindTopLevel(std::string_view className,
                                         std::optional<std::string_view>) override {
         return className == className_ ? 7 : 0;
     }
     std::string ClassName(platform::WindowHandle) override { return className_; }
-    platform::WindowHandle FindChild(platform::WindowHandle, std::string_view) override { return 0; }
+    platform::WindowHandle FindChild(platform::WindowHandle, std::string_view) override {
+        return 0;
+    }
     void SetZOrder(platform::WindowHandle, platform::ZOrder) override {}
     void SetParent(platform::WindowHandle, platform::WindowHandle) override {}
     platform::Rect ClientRect(platform::WindowHandle) override { return {}; }
@@ -40,13 +42,13 @@ public:
     platform::Rect NormalRect(platform::WindowHandle) override { return {}; }
     void SetNormalRect(platform::WindowHandle, const platform::Rect&) override {}
 
-private:
+  private:
     std::string className_;
 };
 
 // Answers the logon as told and leaves the group behind, as the logon library does.
 class ScriptedLogon final : public platform::LogonService {
-public:
+  public:
     ScriptedLogon(int answer, std::string group, int* calls)
         : answer_(answer), group_(std::move(group)), calls_(calls) {}
     int Logon(std::uintptr_t, std::string_view programId) override {
@@ -56,14 +58,14 @@ public:
         return answer_;
     }
 
-private:
+  private:
     int answer_;
     std::string group_;
     int* calls_;
 };
 
 class StartUpTest : public TempStation {
-protected:
+  protected:
     void SetUp() override {
         TempStation::SetUp();
         platform::SetWindows(std::make_unique<OneWindowDesktop>("NoSuchClass"));
@@ -127,8 +129,10 @@ TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
 
 TEST_F(StartUpTest, AutomationFlagFromLumacfgIni) {
     const std::pair<std::string, Int16> cases[] = {
-        {"[database]\r\nautomate=1\r\n", 1}, {"[database]\r\nautomate=\r\n", 0},
-        {"[database]\r\nautomate=x\r\n", 0}, {"[Database]\r\nAUTOMATE= 2.5\r\n", 2},
+        {"[database]\r\nautomate=1\r\n", 1},
+        {"[database]\r\nautomate=\r\n", 0},
+        {"[database]\r\nautomate=x\r\n", 0},
+        {"[Database]\r\nAUTOMATE= 2.5\r\n", 2},
         {"", 0},
     };
     for (const auto& [text, flag] : cases) {
@@ -185,16 +189,20 @@ TEST_F(StartUpTest, GroupTestComparesPaddedTexts) {
         Int16 mayEdit;
     };
     const Case cases[] = {
-        {"Chemist", "Chemist", 1},     {"Chemist", "chemist", 0},
-        {"Admin,Chemist", "Admin", 0}, {"Admin,Chemist", "Chemist", 0},
-        {"", "Chemist", 0},            {"[Lumacfg]\r\nCONTROL\\Security=\r\n", "", 0},
+        {"Chemist", "Chemist", 1},
+        {"Chemist", "chemist", 0},
+        {"Admin,Chemist", "Admin", 0},
+        {"Admin,Chemist", "Chemist", 0},
+        {"", "Chemist", 0},
+        {"[Lumacfg]\r\nCONTROL\\Security=\r\n", "", 0},
     };
     for (const Case& c : cases) {
         std::filesystem::remove(ProgramDir() / "ACSLVL.IST");
         if (!c.list.empty()) {
-            WriteProgramFile("ACSLVL.IST", c.list.starts_with("[")
-                                               ? c.list
-                                               : "[Lumacfg]\r\nCONTROL\\Security=" + c.list + "\r\n");
+            WriteProgramFile("ACSLVL.IST",
+                             c.list.starts_with("[")
+                                 ? c.list
+                                 : "[Lumacfg]\r\nCONTROL\\Security=" + c.list + "\r\n");
         }
         WriteBytes(StationProfile(), "[WSX,1]\r\nGroupName=" + c.group + "\r\n");
         EXPECT_EQ(UserMayEdit(), c.mayEdit) << c.list << " / " << c.group;

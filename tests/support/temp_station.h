@@ -32,24 +32,24 @@ inline std::optional<std::string> ReadBytes(const fs::path& path) {
 }
 
 class FixedClock final : public platform::Clock {
-public:
+  public:
     explicit FixedClock(platform::LocalTime time) : time_(time) {}
     platform::LocalTime Now() override { return time_; }
 
-private:
+  private:
     platform::LocalTime time_;
 };
 
 // Records every message and answers with the given answer.
 class MessageRecorder final : public platform::MessageBoxService {
-public:
+  public:
     explicit MessageRecorder(std::vector<platform::MessageRequest>* shown) : shown_(shown) {}
     platform::MessageAnswer Show(const platform::MessageRequest& request) override {
         shown_->push_back(request);
         return platform::MessageAnswer::Ok;
     }
 
-private:
+  private:
     std::vector<platform::MessageRequest>* shown_;
 };
 
@@ -65,7 +65,7 @@ inline std::string RegistryText(const std::string& dataSystemValues) {
 }
 
 class TempStation : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         std::string pattern = (fs::temp_directory_path() / "lumacfg-station-XXXXXX").string();
         root_ = ::mkdtemp(pattern.data());
@@ -76,7 +76,8 @@ protected:
         ::setenv("LUMACFG_REGISTRY", RegistryPath().c_str(), 1);
         ::setenv("LUMACFG_AUDIT_LOG", (root_ / "audit.log").c_str(), 1);
         platform::ResetServices();
-        platform::SetClock(std::make_unique<FixedClock>(platform::LocalTime{2008, 12, 31, 23, 59, 59}));
+        platform::SetClock(
+            std::make_unique<FixedClock>(platform::LocalTime{2008, 12, 31, 23, 59, 59}));
         platform::SetMessages(std::make_unique<MessageRecorder>(&messages_));
         Config() = ConfigRecord{};
         Config().ROOT_PATH = Root();

@@ -53,7 +53,9 @@ int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ost
 }
 
 // Start-up as the window runs it, with a command line that is never empty (no logon).
-bool StartStation() { return StartUp(StartUpOptions{.commandLineEmpty = false}); }
+bool StartStation() {
+    return StartUp(StartUpOptions{.commandLineEmpty = false});
+}
 
 int RunShow(std::ostream& out) {
     if (!StartStation()) return kExitStartUpRefused;

@@ -10,9 +10,13 @@
 namespace lumacfg {
 namespace {
 
-std::int16_t Wrap16(int value) { return static_cast<std::int16_t>(static_cast<std::uint16_t>(value)); }
+std::int16_t Wrap16(int value) {
+    return static_cast<std::int16_t>(static_cast<std::uint16_t>(value));
+}
 
-std::int16_t Not16(std::int16_t value) { return static_cast<std::int16_t>(~value); }
+std::int16_t Not16(std::int16_t value) {
+    return static_cast<std::int16_t>(~value);
+}
 
 std::string HexDigits(std::uint32_t value) {
     char digits[16];

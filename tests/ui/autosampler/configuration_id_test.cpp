@@ -38,9 +38,8 @@ TEST(ConfigurationIdValue, ComposedFromStampAndMode) {
 
 TEST(ConfigurationIdValue, DecodedState) {
     const std::pair<std::uint32_t, std::int32_t> cases[] = {
-        {0x0890F76F, 1},  {0x0890F76E, 0}, {0x0890F76D, -1}, {0x00000000, 0},
-        {0xFFFF0000, 0},  {0xFFFFF76F, 0}, {0x0890F76C, 0},  {0x12345678, 0},
-        {0x0000FFFF, 0},
+        {0x0890F76F, 1}, {0x0890F76E, 0}, {0x0890F76D, -1}, {0x00000000, 0}, {0xFFFF0000, 0},
+        {0xFFFFF76F, 0}, {0x0890F76C, 0}, {0x12345678, 0},  {0x0000FFFF, 0},
     };
     for (const auto& [value, state] : cases) {
         EXPECT_EQ(DecodeConfigurationID(value), state) << std::hex << value;
