@@ -165,7 +165,8 @@ std::optional<RegValue> RegDocument::Get(std::string_view keyPath, std::string_v
     return std::nullopt;
 }
 
-bool RegDocument::SetLine(std::string_view keyPath, std::string_view name, std::string valueText) {
+bool RegDocument::SetLine(std::string_view keyPath, std::string_view name,
+                          const std::string& valueText) {
     auto span = FindKey(keyPath);
     if (!span) return false;
     std::string content = (name.empty() ? std::string("@") : RegQuoted(name)) + "=" + valueText;

@@ -45,7 +45,7 @@ private:
 
     std::optional<KeySpan> FindKey(std::string_view keyPath) const;
     std::vector<Entry> EntriesOf(const KeySpan& span) const;
-    bool SetLine(std::string_view keyPath, std::string_view name, std::string valueText);
+    bool SetLine(std::string_view keyPath, std::string_view name, const std::string& valueText);
 
     std::vector<Line> lines_;
     std::string newline_ = "\r\n";
