@@ -1,0 +1,16 @@
+#include "app/cli/tray_command.h"
+
+#include "ui/autosampler/custom_racks.h"
+#include "ui/autosampler/tray_report.h"
+
+namespace lumacfg::cli {
+
+int RunTrayCommand(std::ostream& out) {
+    const TrayLoadResult result = LoadCurrentTray();
+    RackTrayState& state = RackTrays();
+    state.WorkingTray = state.CurrentTray;
+    WriteTrayReport(out, result);
+    return result.numberError ? 1 : 0;
+}
+
+}  // namespace lumacfg::cli

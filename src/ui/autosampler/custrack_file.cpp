@@ -1,0 +1,86 @@
+#include "ui/autosampler/custrack_file.h"
+
+#include <charconv>
+#include <system_error>
+
+#include "config/numbers.h"
+#include "platform/file_system.h"
+#include "platform/services.h"
+#include "ui/file/ansi_text.h"
+
+namespace lumacfg {
+namespace {
+
+// At most 11 characters of a number come back, enough for any 32-bit value.
+constexpr int kNumberBuffer = 12;
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    if (first == text.npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// The whole text as a decimal number (sign, digits, fraction, exponent), rounded to an integer;
+// nullopt when any part of it is not numeric or the value is beyond the 32-bit range.
+std::optional<std::int32_t> WholeNumber(std::string_view text) {
+    text = TrimBlanks(text);
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    // from_chars would also take "inf" and "nan"; a number starts with a digit or a point.
+    if (text.empty() || !(IsDigit(text.front()) || text.front() == '.')) return std::nullopt;
+    double magnitude = 0;
+    const auto [end, status] = std::from_chars(text.data(), text.data() + text.size(), magnitude);
+    if (status != std::errc{} || end != text.data() + text.size()) return std::nullopt;
+    return RoundToInt32(negative ? -magnitude : magnitude);
+}
+
+}  // namespace
+
+std::string CustrackPath() {
+    return platform::JoinPath(platform::ProgramDirectory(), kCustrackFile);
+}
+
+std::string DescribeNumberError(const CustrackNumberError& error) {
+    return "[" + error.section + "] " + error.key + "=" + error.text;
+}
+
+CustrackText ReadCustrackString(std::string_view section, std::string_view key,
+                                std::string_view defaultText, int size) {
+    std::string text;
+    if (section.empty() || key.empty()) {
+        text = defaultText;
+    } else if (size >= 1) {
+        text = platform::Profiles()
+                   .GetString(CustrackPath(), section, key, defaultText,
+                              static_cast<std::size_t>(size))
+                   .text;
+        if (text != defaultText) text = CutAtNul(text);
+    }
+    const int length = static_cast<int>(text.size());
+    return {std::move(text), length};
+}
+
+CustrackInt ReadCustrackInt(std::string_view section, std::string_view key,
+                            std::int32_t defaultValue) {
+    const std::string text(
+        CutAtNul(ReadCustrackString(section, key, IntText(defaultValue), kNumberBuffer).text));
+    if (text.empty()) return {defaultValue, std::nullopt};
+    if (const auto value = WholeNumber(text)) return {*value, std::nullopt};
+    return {0, CustrackNumberError{std::string(section), std::string(key), text}};
+}
+
+bool WriteCustrackString(std::string_view section, std::string_view key, std::string_view value) {
+    if (section.empty() || key.empty()) return false;
+    return platform::Profiles().WriteString(CustrackPath(), section, key, value);
+}
+
+bool DeleteCustrackSection(std::string_view section) {
+    if (section.empty()) return false;
+    return platform::Profiles().WriteString(CustrackPath(), section, std::nullopt, std::nullopt);
+}
+
+}  // namespace lumacfg
