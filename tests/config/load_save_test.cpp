@@ -99,7 +99,9 @@ TEST_F(LoadSaveTest, FallbacksAndClamps) {
         WriteStation(c.lines);
         LoadConfiguration();
         for (const RecordField& field : RecordFields(Config())) {
-            if (field.name == c.field) EXPECT_EQ(FieldText(field.ref), c.value);
+            if (field.name == c.field) {
+                EXPECT_EQ(FieldText(field.ref), c.value);
+            }
         }
     }
 }
