@@ -9,7 +9,7 @@
 namespace lumacfg::platform {
 
 class LogonService {
-public:
+  public:
     virtual ~LogonService() = default;
     // Logs the user on for a program; 0 when the user is logged on, non-zero otherwise.
     // Leaves the user's group as "GroupName" of section "WSX,1" of the station profile.
@@ -17,15 +17,35 @@ public:
 };
 
 class SecurityLibrary {
-public:
+  public:
     virtual ~SecurityLibrary() = default;
     virtual void SetConfigSecurity() = 0;
     virtual void ResetConfigSecurity() = 0;
     virtual void LogSecurityFlagChange(std::string_view text) = 0;
 };
 
+// Command numbers of the two help viewers.
+namespace compiled_help {
+inline constexpr std::uint32_t kDisplayTopic = 0;
+inline constexpr std::uint32_t kDisplayToc = 1;
+inline constexpr std::uint32_t kDisplayIndex = 2;
+inline constexpr std::uint32_t kDisplaySearch = 3;
+inline constexpr std::uint32_t kHelpContext = 15;
+inline constexpr std::uint32_t kCloseAll = 18;
+inline constexpr std::uint32_t kInitialize = 28;
+inline constexpr std::uint32_t kUninitialize = 29;
+}  // namespace compiled_help
+namespace classic_help {
+inline constexpr std::uint32_t kContext = 1;
+inline constexpr std::uint32_t kQuit = 2;
+inline constexpr std::uint32_t kIndex = 3;
+inline constexpr std::uint32_t kSetContents = 5;
+inline constexpr std::uint32_t kFinder = 11;
+inline constexpr std::uint32_t kSetPopupPosition = 13;
+}  // namespace classic_help
+
 class HelpViewer {
-public:
+  public:
     virtual ~HelpViewer() = default;
     // Compiled help (".chm"): returns the viewer's answer (the cookie for initialisation).
     virtual std::intptr_t CompiledHelp(std::uintptr_t window, std::string_view file,

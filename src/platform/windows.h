@@ -18,7 +18,7 @@ struct Rect {
 enum class ZOrder { Top, Topmost };
 
 class WindowService {
-public:
+  public:
     virtual ~WindowService() = default;
     // A top-level window of the class whose whole caption equals `caption` (any caption when
     // none is given); 0 when there is none.
@@ -31,6 +31,9 @@ public:
     virtual void SetParent(WindowHandle window, WindowHandle parent) = 0;
     virtual Rect ClientRect(WindowHandle window) = 0;
     virtual Rect WorkArea() = 0;
+    // The desktop window, owner of windows that must outlive the dialog that opened them;
+    // 0 where the platform has none.
+    virtual WindowHandle Desktop() { return 0; }
     // The window's normal (restored) rectangle.
     virtual Rect NormalRect(WindowHandle window) = 0;
     virtual void SetNormalRect(WindowHandle window, const Rect& rect) = 0;

@@ -1,0 +1,88 @@
+// The POSIX process service and single-instance lock, with real processes and lock files.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "integration/process_wait.h"
+#include "integration/scoped_env.h"
+#include "platform/posix/backends.h"
+#include "platform/services.h"
+
+namespace lumacfg::platform {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+namespace fs = std::filesystem;
+
+// How long the process goes on running, as seen by `service` (at most five seconds).
+Clock::duration RunTime(ProcessService& service, ProcessId id) {
+    auto start = Clock::now();
+    while (service.IsRunning(id) && Clock::now() - start < 5s) std::this_thread::sleep_for(10ms);
+    return Clock::now() - start;
+}
+
+fs::path TempDir() {
+    fs::path dir = fs::temp_directory_path() / ("lumacfg-test-" + std::to_string(getpid()));
+    fs::create_directories(dir);
+    return dir;
+}
+
+TEST(PosixProcesses, RunsACommandLineDetachedUntilItEnds) {
+    fs::path out = TempDir() / "out.txt";
+    auto service = posix::MakeProcessService();
+    auto id = service->Start("sleep 0.2; printf '%s' \"$0 ran\" > '" + out.string() + "'");
+    ASSERT_TRUE(id.has_value());
+    EXPECT_EQ(getsid(static_cast<pid_t>(*id)), static_cast<pid_t>(*id));  // a session of its own
+    auto runTime = RunTime(*service, *id);
+    EXPECT_GE(runTime, 150ms);
+    EXPECT_LT(runTime, 5s);
+    std::ifstream file(out);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "/bin/sh ran");
+    fs::remove_all(out.parent_path());
+}
+
+TEST(PosixProcesses, AZombieIsNotRunningAndOtherIdsAreAskedOfTheSystem) {
+    auto starter = posix::MakeProcessService();
+    auto observer = posix::MakeProcessService();
+    auto id = starter->Start("true");
+    ASSERT_TRUE(id.has_value());
+    // The starter does not ask, so the ended process stays a zombie for the observer.
+    EXPECT_LT(RunTime(*observer, *id), 5s);
+    EXPECT_FALSE(starter->IsRunning(*id));
+    EXPECT_FALSE(observer->IsRunning(0));
+    EXPECT_FALSE(observer->IsRunning(0xFFFFFFFFu));
+    EXPECT_TRUE(observer->IsRunning(static_cast<ProcessId>(getpid())));
+}
+
+TEST(PosixProcesses, TheWaitForAProcessAlreadyGoneEndsAtTheFirstTick) {
+    auto id = Processes().Start("true");
+    ASSERT_TRUE(id.has_value());
+    int ticks = 0;
+    WaitForProcess(*id, [&](std::chrono::milliseconds interval) {
+        ++ticks;
+        std::this_thread::sleep_for(interval);
+    });
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST(PosixInstanceLock, OnlyOneHolderAtATime) {
+    fs::path dir = TempDir();
+    testsupport::ScopedEnv lockDir("LUMACFG_LOCK_DIR", dir.string());
+    auto first = posix::MakeInstanceLock();
+    auto second = posix::MakeInstanceLock();
+    EXPECT_TRUE(first->Acquire());
+    EXPECT_TRUE(first->Acquire());
+    EXPECT_TRUE(fs::exists(dir / "lumacfg.lock"));
+    EXPECT_FALSE(second->Acquire());
+    first.reset();
+    EXPECT_TRUE(second->Acquire());
+    fs::remove_all(dir);
+}
+
+}  // namespace
+}  // namespace lumacfg::platform

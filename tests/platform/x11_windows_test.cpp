@@ -1,0 +1,229 @@
+// The X11 window service against a real X server (run under xvfb-run); skipped without a
+// display. The test draws its own windows on a connection of its own.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <thread>
+
+#include "integration/dialog_placement.h"
+#include "integration/print_rect.h"
+#include "integration/running_programs.h"
+#include "integration/scoped_env.h"
+#include "platform/posix/backends.h"
+#include "platform/services.h"
+
+#if __has_include(<X11/Xlib.h>)
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#define LUMACFG_TEST_X11 1
+#endif
+
+namespace lumacfg::platform {
+namespace {
+
+TEST(PosixWindows, WithoutADisplayThereAreNoWindows) {
+    testsupport::ScopedEnv noDisplay("DISPLAY", std::nullopt);
+    auto windows = posix::MakeWindowService();
+    EXPECT_EQ(windows->FindTopLevel("QRN LUMADA Class", std::nullopt), 0u);
+    EXPECT_EQ(windows->FindChild(0, "ViewWndClass"), 0u);
+    EXPECT_EQ(windows->WorkArea(), Rect{});
+}
+
+#if defined(LUMACFG_TEST_X11)
+
+struct Caption {
+    std::optional<std::string> wmName, netWmName;
+};
+
+// A virtual X server resets when its last client leaves (tests run one per process) and
+// refuses connections meanwhile: try again for a while.
+Display* OpenDisplay() {
+    for (int attempt = 0; attempt < 50; ++attempt) {
+        if (Display* display = XOpenDisplay(nullptr)) return display;
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    }
+    return nullptr;
+}
+
+// The tests look at every top-level window of the display: one test at a time on it, across
+// the processes that run tests in parallel.
+class DisplayLock {
+  public:
+    DisplayLock() : fd_(open("/tmp/lumacfg-x11-tests.lock", O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
+        if (fd_ >= 0) flock(fd_, LOCK_EX);
+    }
+    ~DisplayLock() {
+        if (fd_ >= 0) close(fd_);
+    }
+
+  private:
+    int fd_;
+};
+
+class X11WindowsTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        const char* name = std::getenv("DISPLAY");
+        if (name == nullptr || *name == '\0') GTEST_SKIP() << "no X display";
+        lock_.emplace();
+        display_ = OpenDisplay();
+        ASSERT_NE(display_, nullptr) << "the X display " << name << " cannot be opened";
+        root_ = DefaultRootWindow(display_);
+        ResetServices();
+        if (Windows().Desktop() == 0) GTEST_SKIP() << "built without X11";
+    }
+
+    void TearDown() override {
+        ResetServices();
+        if (display_ == nullptr) return;
+        // Newest first: a window attached to an older one goes before its new parent.
+        for (auto it = created_.rbegin(); it != created_.rend(); ++it)
+            XDestroyWindow(display_, *it);
+        XDeleteProperty(display_, root_, XInternAtom(display_, "_NET_WORKAREA", False));
+        XCloseDisplay(display_);
+    }
+
+    Window Create(const std::string& className, Caption caption = {}, Window parent = 0,
+                  int width = 100, int height = 80, const std::string& instance = "instance") {
+        Window window =
+            XCreateSimpleWindow(display_, parent ? parent : root_, 5, 5, width, height, 0, 0, 0);
+        XClassHint hint{const_cast<char*>(instance.c_str()), const_cast<char*>(className.c_str())};
+        XSetClassHint(display_, window, &hint);
+        if (caption.wmName) XStoreName(display_, window, caption.wmName->c_str());
+        if (caption.netWmName) {
+            XChangeProperty(display_, window, XInternAtom(display_, "_NET_WM_NAME", False),
+                            XInternAtom(display_, "UTF8_STRING", False), 8, PropModeReplace,
+                            reinterpret_cast<const unsigned char*>(caption.netWmName->data()),
+                            static_cast<int>(caption.netWmName->size()));
+        }
+        XSync(display_, False);
+        if (parent == 0) created_.push_back(window);
+        return window;
+    }
+
+    Window ParentOf(Window window) {
+        Window root = 0, parent = 0, *children = nullptr;
+        unsigned count = 0;
+        XQueryTree(display_, window, &root, &parent, &children, &count);
+        if (children) XFree(children);
+        return parent;
+    }
+
+    void SetWorkArea(long x, long y, long width, long height) {
+        long area[4] = {x, y, width, height};
+        XChangeProperty(display_, root_, XInternAtom(display_, "_NET_WORKAREA", False), XA_CARDINAL,
+                        32, PropModeReplace, reinterpret_cast<unsigned char*>(area), 4);
+        XSync(display_, False);
+    }
+
+    std::optional<DisplayLock> lock_;
+    Display* display_ = nullptr;
+    Window root_ = 0;
+    std::vector<Window> created_;
+};
+
+struct ProbeCase {
+    const char* what;
+    std::string className;
+    Caption caption;
+    bool running;
+    std::string instance = "instance";
+};
+
+void PrintTo(const ProbeCase& c, std::ostream* os) {
+    *os << c.what;
+}
+
+class X11RunningProgramTest : public X11WindowsTest,
+                              public ::testing::WithParamInterface<ProbeCase> {};
+
+TEST_P(X11RunningProgramTest, DetectsTheDataSystemsWindows) {
+    ASSERT_FALSE(IsDataSystemRunning()) << "a data-system window is already open";
+    Create(GetParam().className, GetParam().caption, 0, 100, 80, GetParam().instance);
+    EXPECT_EQ(IsDataSystemRunning(), GetParam().running) << GetParam().what;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, X11RunningProgramTest,
+    ::testing::Values(
+        ProbeCase{"any caption", "QRN LUMADA Class", {"Data Analysis", std::nullopt}, true},
+        ProbeCase{"no caption at all", "LUMAAMUInfoClass", {}, true},
+        ProbeCase{"whole caption", "ThunderRT6Main", {"Lumaseqed", std::nullopt}, true},
+        ProbeCase{"caption with a file name",
+                  "ThunderRT6Main",
+                  {"Lumaseqed - file.s", std::nullopt},
+                  false},
+        ProbeCase{"UTF-8 caption first", "ThunderRT6Main", {"Other", "RecordEditor"}, true},
+        ProbeCase{
+            "UTF-8 caption hides the old one", "ThunderRT6Main", {"RecordEditor", "Other"}, false},
+        ProbeCase{"only the class part of WM_CLASS counts", "Other", {}, false, "QRN LUMADA Class"},
+        ProbeCase{"no data-system program", "XTerm", {"plotview", std::nullopt}, false}));
+
+TEST_F(X11WindowsTest, ClassesCaptionsAndChildren) {
+    Window panel = Create("Brenmark-KVD CP Class", {"Control Panel", std::nullopt}, 0, 900, 700);
+    Window frame = Create("Frame", {}, panel);
+    Window view = Create("TopViewWndClass", {}, frame, 640, 480);
+    auto& windows = Windows();
+    EXPECT_EQ(windows.ClassName(panel), "Brenmark-KVD CP Class");
+    EXPECT_EQ(windows.FindTopLevel("Brenmark-KVD CP Class", "Control Panel"), panel);
+    EXPECT_EQ(windows.FindTopLevel("Brenmark-KVD CP Class", "Control"), 0u);
+    EXPECT_EQ(windows.FindChild(panel, "TopViewWndClass"), view);
+    EXPECT_EQ(windows.FindChild(panel, "ViewWndClass"), 0u);
+    EXPECT_EQ(FindDataSystemView(panel), view);
+    EXPECT_EQ(windows.ClientRect(view), (Rect{0, 0, 640, 480}));
+    EXPECT_EQ(windows.Desktop(), root_);
+}
+
+TEST_F(X11WindowsTest, DialogsAreCentredOnTheWorkAreaOfTheDesktopOrElseTheScreen) {
+    int screen = DefaultScreen(display_);
+    EXPECT_EQ(Windows().WorkArea(),
+              (Rect{0, 0, DisplayWidth(display_, screen), DisplayHeight(display_, screen)}));
+    SetWorkArea(0, 24, 1280, 1000);
+    Window dialog = Create("lumacfg", {"ICP-MS Configuration", std::nullopt}, 0, 400, 300);
+    PlaceDialog(kPlaceAtTop, dialog, 0);
+    EXPECT_EQ(Windows().NormalRect(dialog), (Rect{440, 350, 840, 650}));
+    XWindowAttributes attributes;
+    XGetWindowAttributes(display_, dialog, &attributes);
+    EXPECT_EQ(attributes.x, 440);
+    EXPECT_EQ(attributes.y, 350);
+}
+
+TEST_F(X11WindowsTest, AttachReparentsIntoTheViewOrTheOwner) {
+    Window panel = Create("Brenmark-KVD CP Class", {}, 0, 900, 700);
+    Window dialog = Create("lumacfg", {}, 0, 200, 100);
+    AttachToDataSystemView(dialog, panel);
+    EXPECT_EQ(ParentOf(dialog), panel);
+    Window view = Create("TopViewWndClass", {}, panel, 600, 400);
+    PlaceDialog(kPlaceAtTop | kPlaceInView, dialog, panel);
+    EXPECT_EQ(ParentOf(dialog), view);
+    // A child's rectangle is in its parent's coordinates: centred on the view's size.
+    EXPECT_EQ(Windows().NormalRect(dialog), (Rect{200, 150, 400, 250}));
+}
+
+TEST_F(X11WindowsTest, WindowsThatDoNotExistAreHarmless) {
+    Window gone = Create("Gone");
+    XDestroyWindow(display_, gone);
+    XSync(display_, False);
+    created_.clear();
+    auto& windows = Windows();
+    EXPECT_EQ(windows.ClassName(gone), "");
+    EXPECT_EQ(windows.FindChild(gone, "Anything"), 0u);
+    EXPECT_EQ(windows.NormalRect(gone), Rect{});
+    EXPECT_EQ(windows.ClientRect(gone), Rect{});
+    windows.SetZOrder(gone, ZOrder::Topmost);
+    windows.SetParent(gone, gone);
+    windows.SetNormalRect(gone, {0, 0, 10, 10});
+    PlaceDialog(kPlaceInView, gone, gone);
+    EXPECT_FALSE(IsDataSystemRunning());
+}
+
+#endif
+
+}  // namespace
+}  // namespace lumacfg::platform
