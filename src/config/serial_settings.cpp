@@ -7,6 +7,7 @@
 
 #include "config/config_record.h"
 #include "config/numbers.h"
+#include "config/text.h"
 #include "platform/services.h"
 
 namespace lumacfg {
@@ -28,15 +29,6 @@ int SetPortSettings(Int16 port, std::string_view settings) {
     std::string text(settings);
     text += '\0';
     return key->SetString("COM" + IntText(port) + ":", text) ? 0 : -1;
-}
-
-char AsciiLower(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool ContainsIgnoringCase(std::string_view text, std::string_view needle) {
-    auto equal = [](char a, char b) { return AsciiLower(a) == AsciiLower(b); };
-    return std::search(text.begin(), text.end(), needle.begin(), needle.end(), equal) != text.end();
 }
 
 // The settings text a channel-file line is overwritten with; nullopt for a line left alone.
@@ -70,21 +62,10 @@ std::string_view FileLineEnding(std::string_view bytes) {
 
 // Every line rewritten by the channel rules; each line keeps its own ending (CR LF or LF).
 std::string RewriteChannelFile(std::string_view bytes, bool odd) {
-    std::string result;
-    std::size_t start = 0;
-    while (start < bytes.size()) {
-        const std::size_t lf = bytes.find('\n', start);
-        if (lf == std::string_view::npos) {
-            result += RewriteLine(bytes.substr(start), odd);
-            result += FileLineEnding(bytes);
-            break;
-        }
-        const bool crLf = lf > start && bytes[lf - 1] == '\r';
-        result += RewriteLine(bytes.substr(start, lf - start - (crLf ? 1 : 0)), odd);
-        result += crLf ? "\r\n" : "\n";
-        start = lf + 1;
-    }
-    return result;
+    std::vector<TextLine> lines = SplitLines(bytes);
+    for (TextLine& line : lines) line.content = RewriteLine(line.content, odd);
+    if (!lines.empty() && lines.back().ending.empty()) lines.back().ending = FileLineEnding(bytes);
+    return JoinLines(lines);
 }
 
 // Writes the rewritten file beside it as name + ".tmp", copies that over the file and deletes

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "config/numbers.h"
-#include "integration/ascii_case.h"
+#include "config/text.h"
 #include "platform/services.h"
 
 namespace lumacfg {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "integration/ascii_case.h"
+#include "config/text.h"
 #include "integration/vlt_settings.h"
 #include "platform/services.h"
 

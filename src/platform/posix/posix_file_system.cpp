@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "config/text.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 
@@ -16,16 +17,6 @@ bool PathExists(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &info) == 0;
 }
 
-char AsciiLower(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return AsciiLower(x) == AsciiLower(y);
-           });
-}
-
 // The entry of `directory` named `component` without regard to case (the smallest such name
 // when several differ only in case), or nullopt.
 std::optional<std::string> FindIgnoringCase(const std::string& directory,
@@ -35,7 +26,7 @@ std::optional<std::string> FindIgnoringCase(const std::string& directory,
     std::optional<std::string> found;
     while (const dirent* entry = ::readdir(dir)) {
         std::string_view name = entry->d_name;
-        if (SameNameIgnoringCase(name, component) && (!found || name < *found)) {
+        if (SameTextIgnoringCase(name, component) && (!found || name < *found)) {
             found = std::string(name);
         }
     }

@@ -2,22 +2,13 @@
 #include <algorithm>
 #include <map>
 
+#include "config/text.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/posix/profile_document.h"
 
 namespace lumacfg::platform::posix {
 namespace {
-
-char AsciiLower(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return AsciiLower(x) == AsciiLower(y);
-           });
-}
 
 std::string WithoutTrailingBlanks(std::string_view text) {
     std::size_t end = text.find_last_not_of(" \t");
@@ -92,7 +83,7 @@ class PosixProfileService final : public ProfileService {
             // A file made earlier in this batch is not on disk yet; on disk, the path lookup
             // would find it whatever the case of its name ("RUNTYPE.INI", "runtype.ini").
             for (auto& [path, cached] : batch_) {
-                if (!cached.existed && cached.dirty && SameNameIgnoringCase(path, host)) {
+                if (!cached.existed && cached.dirty && SameTextIgnoringCase(path, host)) {
                     return &cached;
                 }
             }

@@ -2,28 +2,10 @@
 
 #include <algorithm>
 
+#include "config/text.h"
+
 namespace lumacfg::platform::posix {
 namespace {
-
-bool IsBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-std::string_view Trim(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
-
-char AsciiLower(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return AsciiLower(x) == AsciiLower(y);
-           });
-}
 
 // The name of a section header line, or nullopt when the line is no header.
 std::optional<std::string_view> HeaderName(std::string_view line) {
@@ -31,18 +13,18 @@ std::optional<std::string_view> HeaderName(std::string_view line) {
     if (open == std::string_view::npos || line[open] != '[') return std::nullopt;
     std::size_t close = line.rfind(']');
     if (close == std::string_view::npos || close < open) return std::nullopt;
-    return Trim(line.substr(open + 1, close - open - 1));
+    return TrimBlanks(line.substr(open + 1, close - open - 1));
 }
 
 // The key of a key line, or nullopt when the line holds no "=".
 std::optional<std::string_view> KeyName(std::string_view line) {
     std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return std::nullopt;
-    return Trim(line.substr(0, equals));
+    return TrimBlanks(line.substr(0, equals));
 }
 
 std::string_view ValueOf(std::string_view line) {
-    std::string_view value = Trim(line.substr(line.find('=') + 1));
+    std::string_view value = TrimBlanks(line.substr(line.find('=') + 1));
     if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
         value.back() == value.front()) {
         value = value.substr(1, value.size() - 2);
@@ -56,26 +38,12 @@ std::string_view SingleLine(std::string_view value) {
 }
 
 bool IsBlankLine(std::string_view line) {
-    return Trim(line).empty();
+    return TrimBlanks(line).empty();
 }
 
 }  // namespace
 
-ProfileDocument::ProfileDocument(std::string_view bytes) {
-    std::size_t start = 0;
-    while (start < bytes.size()) {
-        std::size_t newline = bytes.find('\n', start);
-        if (newline == std::string_view::npos) {
-            lines_.push_back({std::string(bytes.substr(start)), ""});
-            break;
-        }
-        bool crlf = newline > start && bytes[newline - 1] == '\r';
-        std::size_t contentEnd = crlf ? newline - 1 : newline;
-        lines_.push_back(
-            {std::string(bytes.substr(start, contentEnd - start)), crlf ? "\r\n" : "\n"});
-        start = newline + 1;
-    }
-}
+ProfileDocument::ProfileDocument(std::string_view bytes) : lines_(SplitLines(bytes)) {}
 
 std::string ProfileDocument::NewLine() const {
     if (lines_.empty() || lines_.front().ending.empty()) return "\r\n";
@@ -85,10 +53,10 @@ std::string ProfileDocument::NewLine() const {
 // Names asked for are trimmed like the names in the file, so " WSX " finds "[WSX]".
 std::optional<ProfileDocument::SectionSpan> ProfileDocument::FindSection(
     std::string_view section) const {
-    section = Trim(section);
+    section = TrimBlanks(section);
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         auto name = HeaderName(lines_[i].content);
-        if (!name || !SameName(*name, section)) continue;
+        if (!name || !SameTextIgnoringCase(*name, section)) continue;
         std::size_t end = i + 1;
         while (end < lines_.size() && !HeaderName(lines_[end].content)) ++end;
         return SectionSpan{i, end};
@@ -98,10 +66,10 @@ std::optional<ProfileDocument::SectionSpan> ProfileDocument::FindSection(
 
 std::optional<std::size_t> ProfileDocument::FindKey(const SectionSpan& span,
                                                     std::string_view key) const {
-    key = Trim(key);
+    key = TrimBlanks(key);
     for (std::size_t i = span.header + 1; i < span.end; ++i) {
         auto name = KeyName(lines_[i].content);
-        if (name && SameName(*name, key)) return i;
+        if (name && SameTextIgnoringCase(*name, key)) return i;
     }
     return std::nullopt;
 }
@@ -119,14 +87,14 @@ void ProfileDocument::InsertLine(std::size_t index, std::string content) {
     // The line before a new line must end, even when it was the file's unterminated last line.
     if (index > 0 && lines_[index - 1].ending.empty()) lines_[index - 1].ending = NewLine();
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(index),
-                  Line{std::move(content), NewLine()});
+                  TextLine{std::move(content), NewLine()});
 }
 
 bool ProfileDocument::Set(std::string_view section, std::string_view key, std::string_view value) {
     // Nothing written may break a line: names and value end at their first CR or LF.
     value = SingleLine(value);
-    section = Trim(SingleLine(section));
-    key = Trim(SingleLine(key));
+    section = TrimBlanks(SingleLine(section));
+    key = TrimBlanks(SingleLine(key));
     auto span = FindSection(section);
     if (!span) {
         InsertLine(lines_.size(), "[" + std::string(section) + "]");
@@ -134,7 +102,7 @@ bool ProfileDocument::Set(std::string_view section, std::string_view key, std::s
         return true;
     }
     if (auto line = FindKey(*span, key)) {
-        Line& changed = lines_[*line];
+        TextLine& changed = lines_[*line];
         std::string content = std::string(*KeyName(changed.content)) + "=" + std::string(value);
         std::string ending = NewLine();
         if (content == changed.content && changed.ending == ending) return false;
@@ -166,12 +134,7 @@ bool ProfileDocument::DeleteSection(std::string_view section) {
 }
 
 std::string ProfileDocument::Bytes() const {
-    std::string bytes;
-    for (const Line& line : lines_) {
-        bytes += line.content;
-        bytes += line.ending;
-    }
-    return bytes;
+    return JoinLines(lines_);
 }
 
 }  // namespace lumacfg::platform::posix

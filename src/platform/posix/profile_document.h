@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "config/text.h"
+
 namespace lumacfg::platform::posix {
 
 class ProfileDocument {
@@ -25,10 +27,6 @@ class ProfileDocument {
     std::string Bytes() const;
 
   private:
-    struct Line {
-        std::string content;  // without its ending
-        std::string ending;   // "\r\n", "\n" or "" for a last line without one
-    };
     struct SectionSpan {
         std::size_t header;  // index of the header line
         std::size_t end;     // index one past the section's last line
@@ -41,7 +39,7 @@ class ProfileDocument {
     // edit after the first line was deleted gives what re-reading the file would give.
     std::string NewLine() const;
 
-    std::vector<Line> lines_;
+    std::vector<TextLine> lines_;
 };
 
 }  // namespace lumacfg::platform::posix

@@ -4,24 +4,10 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "config/text.h"
+
 namespace lumacfg::platform::posix {
 namespace {
-
-char AsciiLower(char c) {
-    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return AsciiLower(x) == AsciiLower(y);
-           });
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) text.remove_suffix(1);
-    return text;
-}
 
 // The key path of a "[...]" line; deletion lines ("[-...]") and other lines give nullopt.
 std::optional<std::string_view> KeyPathOf(std::string_view line) {
@@ -72,7 +58,7 @@ RegValue ParseValue(std::string_view data) {
             value.kind = RegValue::Kind::String;
             value.text = *text;
         }
-    } else if (data.size() > 6 && SameName(data.substr(0, 6), "dword:")) {
+    } else if (data.size() > 6 && SameTextIgnoringCase(data.substr(0, 6), "dword:")) {
         std::string digits(data.substr(6));
         char* end = nullptr;
         unsigned long parsed = std::strtoul(digits.c_str(), &end, 16);
@@ -106,26 +92,12 @@ std::string RegQuoted(std::string_view text) {
     return quoted + "\"";
 }
 
-RegDocument::RegDocument(std::string_view bytes) {
-    std::size_t start = 0;
-    while (start < bytes.size()) {
-        std::size_t newline = bytes.find('\n', start);
-        if (newline == std::string_view::npos) {
-            lines_.push_back({std::string(bytes.substr(start)), ""});
-            break;
-        }
-        bool crlf = newline > start && bytes[newline - 1] == '\r';
-        std::size_t end = crlf ? newline - 1 : newline;
-        lines_.push_back({std::string(bytes.substr(start, end - start)), crlf ? "\r\n" : "\n"});
-        start = newline + 1;
-    }
-    if (!lines_.empty() && !lines_.front().ending.empty()) newline_ = lines_.front().ending;
-}
+RegDocument::RegDocument(std::string_view bytes) : lines_(SplitLines(bytes)) {}
 
 std::optional<RegDocument::KeySpan> RegDocument::FindKey(std::string_view keyPath) const {
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         auto path = KeyPathOf(lines_[i].content);
-        if (!path || !SameName(*path, keyPath)) continue;
+        if (!path || !SameTextIgnoringCase(*path, keyPath)) continue;
         std::size_t end = i + 1;
         while (end < lines_.size() && !IsKeyLine(lines_[end].content)) ++end;
         return KeySpan{i, end};
@@ -154,7 +126,7 @@ std::optional<RegValue> RegDocument::Get(std::string_view keyPath, std::string_v
     auto span = FindKey(keyPath);
     if (!span) return std::nullopt;
     for (const Entry& entry : EntriesOf(*span)) {
-        if (!SameName(entry.name, name)) continue;
+        if (!SameTextIgnoringCase(entry.name, name)) continue;
         std::string_view line = lines_[entry.first].content;
         std::size_t afterName = 0;
         ValueNameOf(line, afterName);
@@ -171,7 +143,7 @@ bool RegDocument::SetLine(std::string_view keyPath, std::string_view name,
     if (!span) return false;
     std::string content = (name.empty() ? std::string("@") : RegQuoted(name)) + "=" + valueText;
     for (const Entry& entry : EntriesOf(*span)) {
-        if (!SameName(entry.name, name)) continue;
+        if (!SameTextIgnoringCase(entry.name, name)) continue;
         // The value keeps the name as the store spells it.
         std::string spelled = entry.name.empty() ? std::string("@") : RegQuoted(entry.name);
         lines_[entry.first] = {spelled + "=" + valueText, newline_};
@@ -198,9 +170,7 @@ bool RegDocument::SetDword(std::string_view keyPath, std::string_view name, std:
 }
 
 std::string RegDocument::Bytes() const {
-    std::string bytes;
-    for (const Line& line : lines_) bytes += line.content + line.ending;
-    return bytes;
+    return JoinLines(lines_);
 }
 
 }  // namespace lumacfg::platform::posix

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "config/text.h"
+
 namespace lumacfg::platform::posix {
 
 struct RegValue {
@@ -18,7 +20,7 @@ struct RegValue {
 };
 
 class RegDocument {
-public:
+  public:
     explicit RegDocument(std::string_view bytes);
 
     // Key paths are full ("HKEY_LOCAL_MACHINE\SOFTWARE\..."), matched without regard to case.
@@ -30,11 +32,7 @@ public:
 
     std::string Bytes() const;
 
-private:
-    struct Line {
-        std::string content;
-        std::string ending;
-    };
+  private:
     struct Entry {  // one value: its name and the physical lines it spans
         std::string name;
         std::size_t first, last;
@@ -47,7 +45,7 @@ private:
     std::vector<Entry> EntriesOf(const KeySpan& span) const;
     bool SetLine(std::string_view keyPath, std::string_view name, const std::string& valueText);
 
-    std::vector<Line> lines_;
+    std::vector<TextLine> lines_;
     std::string newline_ = "\r\n";
 };
 
