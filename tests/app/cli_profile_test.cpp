@@ -8,16 +8,19 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/temp_dir.h"
 
 extern char** environ;
 
 namespace {
 
 namespace fs = std::filesystem;
+using lumacfg::testing_support::ReadBytes;
+using lumacfg::testing_support::TempDir;
+using lumacfg::testing_support::WriteBytes;
 
 struct Outcome {
     int exit;
@@ -54,21 +57,12 @@ Outcome RunCli(std::vector<std::string> args) {
     return outcome;
 }
 
-std::string Read(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
 TEST(CliProfileTest, GetSetAndDeleteThroughTheEngine) {
-    std::string pattern = (fs::temp_directory_path() / "lumacfg-cli-XXXXXX").string();
-    ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-    const fs::path dir = pattern;
-    std::ofstream(dir / "RunType.ini", std::ios::binary)
-        << "[QC]\nMode = \"Fast\" \n\n[Other]\nx=1";
+    const TempDir temp("lumacfg-cli");
+    const fs::path& dir = temp.Path();
+    WriteBytes(dir / "RunType.ini", "[QC]\nMode = \"Fast\" \n\n[Other]\nx=1");
     // The data system's own form of the path: backslashes, another case.
-    const std::string file = pattern + "\\runtype.INI";
+    const std::string file = dir.string() + "\\runtype.INI";
 
     struct Step {
         std::vector<std::string> args;
@@ -84,7 +78,7 @@ TEST(CliProfileTest, GetSetAndDeleteThroughTheEngine) {
         {{"profile", "get", file, "QC", "speed"}, 0, "high value\n"},
         {{"profile", "delete", file, "QC", "Mode"}, 0, ""},
         {{"profile", "delete", file, "Absent"}, 0, ""},
-        {{"profile", "delete", pattern + "/none.ini", "QC", "Mode"}, 0, ""},
+        {{"profile", "delete", (dir / "none.ini").string(), "QC", "Mode"}, 0, ""},
         {{"profile", "get", file}, 2, ""},
         {{"profile", "set", file, "QC", "K"}, 2, ""},
         {{"profile", "delete", file}, 2, ""},
@@ -95,15 +89,14 @@ TEST(CliProfileTest, GetSetAndDeleteThroughTheEngine) {
         EXPECT_EQ(outcome.exit, step.exit) << step.args[1] << " " << step.args.back();
         EXPECT_EQ(outcome.out, step.out) << step.args[1] << " " << step.args.back();
     }
-    EXPECT_EQ(Read(dir / "RunType.ini"),
+    EXPECT_EQ(ReadBytes(dir / "RunType.ini"),
               "[QC]\nSpeed=high value\n\n[Other]\nx=2\n[New]\nK=C:\\DATA\\\n");
     EXPECT_FALSE(fs::exists(dir / "none.ini"));
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
 
     Outcome deleted = RunCli({"profile", "delete", file, "qc"});
     EXPECT_EQ(deleted.exit, 0);
-    EXPECT_EQ(Read(dir / "RunType.ini"), "[Other]\nx=2\n[New]\nK=C:\\DATA\\\n");
-    fs::remove_all(dir);
+    EXPECT_EQ(ReadBytes(dir / "RunType.ini"), "[Other]\nx=2\n[New]\nK=C:\\DATA\\\n");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace lumacfg {
 namespace {
 
 using testing_support::ReadBytes;
+using testing_support::ScopedEnv;
 using testing_support::TempStation;
 using testing_support::WriteBytes;
 
@@ -21,16 +22,6 @@ struct CliResult {
 
 class CliStationTest : public TempStation {
   protected:
-    void SetUp() override {
-        TempStation::SetUp();
-        ::setenv("LUMACFG_LOCK_DIR", Root().c_str(), 1);  // never the lock of a real session
-        ::unsetenv("DISPLAY");                            // no data-system windows to find
-    }
-    void TearDown() override {
-        ::unsetenv("LUMACFG_LOCK_DIR");
-        TempStation::TearDown();
-    }
-
     CliResult Run(const std::string& args) {
         const std::string errFile = (root_ / "stderr.txt").string();
         const std::string command = std::string(LUMACFG_CLI_PATH) + " " + args + " 2>" + errFile;
@@ -44,6 +35,9 @@ class CliStationTest : public TempStation {
         result.err = ReadBytes(errFile).value_or("");
         return result;
     }
+
+    ScopedEnv lockDirEnv_{"LUMACFG_LOCK_DIR", Root()};  // never the lock of a real session
+    ScopedEnv displayEnv_{"DISPLAY", std::nullopt};     // no data-system windows to find
 };
 
 TEST_F(CliStationTest, ShowCreatesANewStationAndPrintsTheRecord) {

@@ -1,54 +1,35 @@
 // Profile operations on the station profile and the list helpers.
 #include "config/profile.h"
 
-#include <stdlib.h>
-
 #include <gtest/gtest.h>
 
 #include <array>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "platform/services.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::ReadBytes;
+using testing_support::ScopedEnv;
+using testing_support::TempDir;
+using testing_support::WriteBytes;
 
 class ProfileOperationsTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-station-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        dir_ = pattern;
-        if (const char* old = std::getenv("LUMACFG_PROGRAM_DIR")) saved_ = old;
-        ::setenv("LUMACFG_PROGRAM_DIR", dir_.c_str(), 1);
-        platform::SetProfiles(nullptr);  // the platform's own engine
-    }
-    void TearDown() override {
-        if (saved_) {
-            ::setenv("LUMACFG_PROGRAM_DIR", saved_->c_str(), 1);
-        } else {
-            ::unsetenv("LUMACFG_PROGRAM_DIR");
-        }
-        fs::remove_all(dir_);
-    }
-    void PutStation(const std::string& bytes) {
-        std::ofstream(dir_ / "lumagen.ist", std::ios::binary) << bytes;
-    }
-    std::string Station() const {
-        std::ifstream in(dir_ / "lumagen.ist", std::ios::binary);
-        std::stringstream bytes;
-        bytes << in.rdbuf();
-        return bytes.str();
-    }
+    void SetUp() override { platform::SetProfiles(nullptr); }  // the platform's own engine
+    void PutStation(const std::string& bytes) { WriteBytes(dir_ / "lumagen.ist", bytes); }
+    std::string Station() const { return ReadBytes(dir_ / "lumagen.ist").value_or(""); }
 
-    fs::path dir_;
-    std::optional<std::string> saved_;
+    TempDir temp_{"lumacfg-station"};
+    fs::path dir_ = temp_.Path();
+    ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", dir_.string()};
 };
 
 TEST_F(ProfileOperationsTest, ProfileGetFillsTheCallersBuffer) {
@@ -83,7 +64,7 @@ TEST_F(ProfileOperationsTest, SingleValuesAndGeneralReads) {
     PutStation("[WSX]\nLONG=" + std::string(150, 'x') + "\n");
     EXPECT_EQ(ReadSingleValue("WSX", "LONG"), std::string(99, 'x'));
 
-    std::ofstream(dir_ / "other.ini", std::ios::binary) << "[S]\nK=" << std::string(600, 'y');
+    WriteBytes(dir_ / "other.ini", "[S]\nK=" + std::string(600, 'y'));
     const std::string other = (dir_ / "OTHER.INI").string();
     std::string value = "stale";
     EXPECT_EQ(ReadProfileValue("S", "K", "", value, other), 511);

@@ -2,50 +2,29 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "config/config_record.h"
-#include "platform/services.h"
+#include "support/temp_station.h"
 
 namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::ReadBytes;
+using testing_support::TempStation;
+using testing_support::WriteBytes;
 
-void WriteBytes(const fs::path& path, const std::string& bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-std::string ReadBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "<missing>";
-}
-
-// A data-system root in a temporary directory with the QC mode "GENERAL.QCC".
-class RunTypeTest : public testing::Test {
+// A station whose QC mode is "GENERAL.QCC".
+class RunTypeTest : public TempStation {
   protected:
     void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-runtype-XXXXXX").string();
-        root_ = ::mkdtemp(pattern.data());
-        ::setenv("LUMACFG_PROGRAM_DIR", (root_ / "LUMAEXE").c_str(), 1);
-        platform::ResetServices();
-        Config() = ConfigRecord{};
-        Config().ROOT_PATH = root_.string();
-        Config().QCMDPATH = root_.string() + "\\1\\QCMODE\\";
-        active_ = root_ / "LUMAEXE" / "runtype.ini";
-        fs::create_directories(active_.parent_path());
-    }
-    void TearDown() override {
-        ::unsetenv("LUMACFG_PROGRAM_DIR");
-        fs::remove_all(root_);
+        TempStation::SetUp();
+        Config().QCMDPATH = Root() + "\\1\\QCMODE\\";
+        active_ = ProgramDir() / "runtype.ini";
     }
 
-    fs::path root_;
     fs::path active_;  // the active run-type file in the program directory
 };
 
@@ -59,7 +38,7 @@ TEST_F(RunTypeTest, CopiesTheQcModeFileWhereExePathSaysAndFitsIt) {
     Config().MPMATDIL = -1;
     // The station profile is read from the running program's directory; the fallback
     // directory is built from the root. A stored path is used as it is, backslash or not.
-    ::setenv("LUMACFG_PROGRAM_DIR", (root_ / "STATION").c_str(), 1);
+    programDirEnv_.Set((root_ / "STATION").string());
     const std::pair<std::string, fs::path> cases[] = {
         {"", root_ / "LUMAEXE/runtype.ini"},
         {"_EXEPATH$=" + root_.string() + "\\ALT\\\r\n", root_ / "ALT/runtype.ini"},

@@ -2,51 +2,22 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 
 #include "config/config_record.h"
-#include "platform/services.h"
+#include "support/temp_station.h"
 
 namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::ReadBytes;
+using testing_support::TempStation;
+using testing_support::WriteBytes;
 
-void WriteBytes(const fs::path& path, const std::string& bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
-}
-
-std::string ReadBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "<missing>";
-}
-
-// A data-system root and a registry store in a temporary directory.
-class SerialSettingsTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-serial-XXXXXX").string();
-        root_ = ::mkdtemp(pattern.data());
-        store_ = root_ / "registry.reg";
-        ::setenv("LUMACFG_PROGRAM_DIR", (root_ / "LUMAEXE").c_str(), 1);
-        ::setenv("LUMACFG_REGISTRY", store_.c_str(), 1);
-        platform::ResetServices();
-        Config() = ConfigRecord{};
-        Config().ROOT_PATH = root_.string();
-    }
-    void TearDown() override {
-        ::unsetenv("LUMACFG_PROGRAM_DIR");
-        ::unsetenv("LUMACFG_REGISTRY");
-        fs::remove_all(root_);
-    }
-
-    fs::path root_, store_;
-};
+class SerialSettingsTest : public TempStation {};
 using OpalChannelFilesTest = SerialSettingsTest;
 
 const std::string kHead = "Windows Registry Editor Version 5.00\r\n\r\n";
@@ -68,20 +39,20 @@ TEST_F(SerialSettingsTest, ResetsThePortThenWritesTheAutosamplerPort) {
         {0, 0, 3, 0, ""},
     };
     for (const Case& c : cases) {
-        WriteBytes(store_, kHead + kPorts + kOther);
+        WriteBytes(RegistryPath(), kHead + kPorts + kOther);
         Config().ALS_TYPE = c.alsType;
         Config().MPM = c.mpm;
         Config().COM_PORT = c.comPort;
         Config().RESET_COM_PORT = c.resetPort;
         EXPECT_EQ(WriteComPortSettings(), 0) << c.values;
-        EXPECT_EQ(ReadBytes(store_), kHead + kPorts + c.values + kOther);
+        EXPECT_EQ(ReadBytes(RegistryPath()), kHead + kPorts + c.values + kOther);
     }
     // Without the Ports key only a configured autosampler is a failure.
-    WriteBytes(store_, kHead + kOther);
+    WriteBytes(RegistryPath(), kHead + kOther);
     EXPECT_EQ(WriteComPortSettings(), 0);
     Config().ALS_TYPE = 1;
     EXPECT_EQ(WriteComPortSettings(), -1);
-    EXPECT_EQ(ReadBytes(store_), kHead + kOther);
+    EXPECT_EQ(ReadBytes(RegistryPath()), kHead + kOther);
 }
 
 TEST_F(OpalChannelFilesTest, SettingsLinesOfEveryFileAreOverwrittenFromTheirStart) {

@@ -5,17 +5,17 @@
 
 #include <map>
 
-#include "integration/scoped_env.h"
 #include "integration/vlt_settings.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
+#include "support/scoped_env.h"
 
 namespace lumacfg {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testsupport::ScopedEnv;
+using testing_support::ScopedEnv;
 
 // The data system's registry key, holding "Path" when the data system is installed.
 class FakeRegistry final : public platform::Registry, public platform::RegistryKey {

@@ -1,34 +1,33 @@
 // Data-system paths on the host: separators, case-insensitive lookup, program directory.
-#include <stdlib.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 
 #include "platform/file_system.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg::platform {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::ScopedEnv;
+using testing_support::TempDir;
+using testing_support::WriteBytes;
 
 class HostPathTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-path-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        root_ = pattern;
-        fs::create_directories(root_ + "/Luma/LUMAEXE");
-        std::ofstream(root_ + "/Luma/LUMAEXE/lumagen.ist") << "x";
-        std::ofstream(root_ + "/Luma/LUMAEXE/RunType.ini") << "x";
-        std::ofstream(root_ + "/Luma/LUMAEXE/runtype.INI") << "x";
+        for (const char* name : {"lumagen.ist", "RunType.ini", "runtype.INI"}) {
+            WriteBytes(root_ + "/Luma/LUMAEXE/" + name, "x");
+        }
     }
-    void TearDown() override { fs::remove_all(root_); }
 
-    std::string root_;
+    TempDir temp_{"lumacfg-path"};
+    std::string root_ = temp_.Path().string();
 };
 
 TEST_F(HostPathTest, BackslashesAndCaseAreResolved) {
@@ -68,8 +67,7 @@ TEST(JoinPathTest, ExactlyOneBackslash) {
 }
 
 TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {
-    std::optional<std::string> saved;
-    if (const char* old = std::getenv("LUMACFG_PROGRAM_DIR")) saved = old;
+    ScopedEnv programDir("LUMACFG_PROGRAM_DIR");
 
     struct Case {
         std::string configured, directory;
@@ -80,19 +78,13 @@ TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {
         {"/", "/"},
     };
     for (const Case& c : cases) {
-        ::setenv("LUMACFG_PROGRAM_DIR", c.configured.c_str(), 1);
+        programDir.Set(c.configured);
         EXPECT_EQ(ProgramDirectory(), c.directory) << c.configured;  // asked anew each call
     }
-    ::unsetenv("LUMACFG_PROGRAM_DIR");
+    programDir.Set(std::nullopt);
     EXPECT_EQ(ProgramDirectory(), fs::read_symlink("/proc/self/exe").parent_path().string());
-    ::setenv("LUMACFG_PROGRAM_DIR", "", 1);  // empty counts as not set
+    programDir.Set("");  // empty counts as not set
     EXPECT_EQ(ProgramDirectory(), fs::read_symlink("/proc/self/exe").parent_path().string());
-
-    if (saved) {
-        ::setenv("LUMACFG_PROGRAM_DIR", saved->c_str(), 1);
-    } else {
-        ::unsetenv("LUMACFG_PROGRAM_DIR");
-    }
 }
 
 }  // namespace

@@ -4,13 +4,13 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <thread>
 
 #include "integration/process_wait.h"
-#include "integration/scoped_env.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg::platform {
 namespace {
@@ -18,6 +18,9 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
+using testing_support::ReadBytes;
+using testing_support::ScopedEnv;
+using testing_support::TempDir;
 
 // How long the process goes on running, as seen by `service` (at most five seconds).
 Clock::duration RunTime(ProcessService& service, ProcessId id) {
@@ -26,14 +29,9 @@ Clock::duration RunTime(ProcessService& service, ProcessId id) {
     return Clock::now() - start;
 }
 
-fs::path TempDir() {
-    fs::path dir = fs::temp_directory_path() / ("lumacfg-test-" + std::to_string(getpid()));
-    fs::create_directories(dir);
-    return dir;
-}
-
 TEST(PosixProcesses, RunsACommandLineDetachedUntilItEnds) {
-    fs::path out = TempDir() / "out.txt";
+    const TempDir dir;
+    const fs::path out = dir.Path() / "out.txt";
     auto service = posix::MakeProcessService();
     auto id = service->Start("sleep 0.2; printf '%s' \"$0 ran\" > '" + out.string() + "'");
     ASSERT_TRUE(id.has_value());
@@ -41,9 +39,7 @@ TEST(PosixProcesses, RunsACommandLineDetachedUntilItEnds) {
     auto runTime = RunTime(*service, *id);
     EXPECT_GE(runTime, 150ms);
     EXPECT_LT(runTime, 5s);
-    std::ifstream file(out);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "/bin/sh ran");
-    fs::remove_all(out.parent_path());
+    EXPECT_EQ(ReadBytes(out), "/bin/sh ran");
 }
 
 TEST(PosixProcesses, AZombieIsNotRunningAndOtherIdsAreAskedOfTheSystem) {
@@ -71,8 +67,9 @@ TEST(PosixProcesses, TheWaitForAProcessAlreadyGoneEndsAtTheFirstTick) {
 }
 
 TEST(PosixInstanceLock, OnlyOneHolderAtATime) {
-    fs::path dir = TempDir();
-    testsupport::ScopedEnv lockDir("LUMACFG_LOCK_DIR", dir.string());
+    const TempDir temp;
+    const fs::path& dir = temp.Path();
+    ScopedEnv lockDir("LUMACFG_LOCK_DIR", dir.string());
     auto first = posix::MakeInstanceLock();
     auto second = posix::MakeInstanceLock();
     EXPECT_TRUE(first->Acquire());
@@ -81,7 +78,6 @@ TEST(PosixInstanceLock, OnlyOneHolderAtATime) {
     EXPECT_FALSE(second->Acquire());
     first.reset();
     EXPECT_TRUE(second->Acquire());
-    fs::remove_all(dir);
 }
 
 }  // namespace

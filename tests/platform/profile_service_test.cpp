@@ -2,7 +2,6 @@
 #include <fcntl.h>
 #include <grp.h>
 #include <signal.h>
-#include <stdlib.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -12,7 +11,6 @@
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <random>
 #include <string>
 #include <thread>
@@ -20,25 +18,22 @@
 
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::TempDir;
+using testing_support::WriteBytes;
 
 class ProfileServiceTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-profile-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        dir_ = pattern;
-        service_ = MakeProfileService();
-    }
-    void TearDown() override { fs::remove_all(dir_); }
+    void SetUp() override { service_ = MakeProfileService(); }
 
     std::string PathOf(const std::string& name) const { return (dir_ / name).string(); }
     void Put(const std::string& name, const std::string& bytes) const {
-        std::ofstream(dir_ / name, std::ios::binary) << bytes;
+        WriteBytes(dir_ / name, bytes);
     }
     std::string Bytes(const std::string& name) const {
         return ReadWholeFile(PathOf(name)).value_or("<missing>");
@@ -56,7 +51,8 @@ class ProfileServiceTest : public ::testing::Test {
         return service_->GetString(PathOf(name), section, key, defaultText, size).text;
     }
 
-    fs::path dir_;
+    TempDir temp_{"lumacfg-profile"};
+    fs::path dir_ = temp_.Path();
     std::unique_ptr<ProfileService> service_;
 };
 

@@ -1,5 +1,4 @@
 // The machine-wide registry store: its ".reg" text and the keys opened on it.
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -7,18 +6,22 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/posix/reg_document.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using testing_support::ScopedEnv;
+using testing_support::TempDir;
+using testing_support::WriteBytes;
 
 constexpr const char* kKey = "SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion";
 
@@ -108,27 +111,12 @@ TEST(RegDocumentTest, WritesChangeOnlyTheirLine) {
 
 class RegistryStoreTest : public ::testing::Test {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-reg-XXXXXX").string();
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        dir_ = pattern;
-        store_ = (dir_ / "registry.reg").string();
-        std::ofstream(store_, std::ios::binary) << kStore;
-        if (const char* old = std::getenv("LUMACFG_REGISTRY")) saved_ = old;
-        ::setenv("LUMACFG_REGISTRY", store_.c_str(), 1);
-    }
-    void TearDown() override {
-        if (saved_) {
-            ::setenv("LUMACFG_REGISTRY", saved_->c_str(), 1);
-        } else {
-            ::unsetenv("LUMACFG_REGISTRY");
-        }
-        fs::remove_all(dir_);
-    }
+    void SetUp() override { WriteBytes(store_, kStore); }
 
-    fs::path dir_;
-    std::string store_;
-    std::optional<std::string> saved_;
+    TempDir temp_{"lumacfg-reg"};
+    fs::path dir_ = temp_.Path();
+    std::string store_ = (dir_ / "registry.reg").string();
+    ScopedEnv registryEnv_{"LUMACFG_REGISTRY", store_};
 };
 
 TEST_F(RegistryStoreTest, ValuesSurviveReopening) {
@@ -169,7 +157,7 @@ TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
     ASSERT_TRUE(key);
     EXPECT_EQ(key->QueryDword("HardWare"), 2u);
 
-    ::setenv("LUMACFG_REGISTRY", (dir_ / "absent.reg").c_str(), 1);
+    registryEnv_.Set((dir_ / "absent.reg").string());
     EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::Read));
 }
 

@@ -13,9 +13,9 @@
 #include "integration/dialog_placement.h"
 #include "integration/print_rect.h"
 #include "integration/running_programs.h"
-#include "integration/scoped_env.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
+#include "support/scoped_env.h"
 
 #if __has_include(<X11/Xlib.h>)
 #include <X11/Xatom.h>
@@ -28,7 +28,7 @@ namespace lumacfg::platform {
 namespace {
 
 TEST(PosixWindows, WithoutADisplayThereAreNoWindows) {
-    testsupport::ScopedEnv noDisplay("DISPLAY", std::nullopt);
+    testing_support::ScopedEnv noDisplay("DISPLAY", std::nullopt);
     auto windows = posix::MakeWindowService();
     EXPECT_EQ(windows->FindTopLevel("QRN LUMADA Class", std::nullopt), 0u);
     EXPECT_EQ(windows->FindChild(0, "ViewWndClass"), 0u);

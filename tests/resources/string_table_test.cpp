@@ -4,11 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <climits>
-#include <fstream>
-#include <iterator>
+#include <string>
 
 #include "resources/embedded_resource.h"
 #include "resources/resource_text.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg {
 namespace {
@@ -93,8 +93,8 @@ TEST(StringTableTest, UnknownCaptionBlockIsEmpty) {
 }
 
 std::string ReadSourceFile(const std::string& name) {
-    std::ifstream in(std::string(LUMACFG_SOURCE_DIR) + "/src/resources/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    return testing_support::ReadBytes(std::string(LUMACFG_SOURCE_DIR) + "/src/resources/" + name)
+        .value_or("");
 }
 
 // The files as compiled in are the files in the source tree, and they keep to their format;

@@ -3,33 +3,20 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "config/config_record.h"
 #include "platform/services.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg::testing_support {
 
 namespace fs = std::filesystem;
-
-inline void WriteBytes(const fs::path& path, const std::string& bytes) {
-    fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
-}
-
-inline std::optional<std::string> ReadBytes(const fs::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
 
 class FixedClock final : public platform::Clock {
   public:
@@ -67,14 +54,9 @@ inline std::string RegistryText(const std::string& dataSystemValues) {
 class TempStation : public ::testing::Test {
   protected:
     void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumacfg-station-XXXXXX").string();
-        root_ = ::mkdtemp(pattern.data());
         fs::create_directories(ProgramDir());
         WriteBytes(RegistryPath(), RegistryText("\"Path\"=\"C:\\\\PLASMA\"\r\n"
                                                 "\"HardWare\"=dword:00000001\r\n"));
-        ::setenv("LUMACFG_PROGRAM_DIR", ProgramDir().c_str(), 1);
-        ::setenv("LUMACFG_REGISTRY", RegistryPath().c_str(), 1);
-        ::setenv("LUMACFG_AUDIT_LOG", (root_ / "audit.log").c_str(), 1);
         platform::ResetServices();
         platform::SetClock(
             std::make_unique<FixedClock>(platform::LocalTime{2008, 12, 31, 23, 59, 59}));
@@ -86,10 +68,6 @@ class TempStation : public ::testing::Test {
     void TearDown() override {
         platform::ResetServices();
         Config() = ConfigRecord{};
-        for (const char* name : {"LUMACFG_PROGRAM_DIR", "LUMACFG_REGISTRY", "LUMACFG_AUDIT_LOG"}) {
-            ::unsetenv(name);
-        }
-        fs::remove_all(root_);
     }
 
     std::string Root() const { return root_.string(); }
@@ -99,7 +77,13 @@ class TempStation : public ::testing::Test {
     std::string StationText() const { return ReadBytes(StationProfile()).value_or(""); }
     std::string RegistryFileText() const { return ReadBytes(RegistryPath()).value_or(""); }
 
-    fs::path root_;
+    // Made in this order and undone in the reverse one: the variables are restored before the
+    // directory they name goes.
+    TempDir temp_{"lumacfg-station"};
+    fs::path root_ = temp_.Path();
+    ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", ProgramDir().string()};
+    ScopedEnv registryEnv_{"LUMACFG_REGISTRY", RegistryPath().string()};
+    ScopedEnv auditLogEnv_{"LUMACFG_AUDIT_LOG", (root_ / "audit.log").string()};
     std::vector<platform::MessageRequest> messages_;
 };
 

@@ -4,15 +4,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <optional>
-#include <random>
 #include <sstream>
 #include <string>
 
 #include "platform/services.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
 #include "ui/autosampler/custom_racks.h"
 
 namespace lumacfg::testing {
@@ -60,31 +58,18 @@ inline std::string Tray(int id, std::string changes = "") {
 class CustrackTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        dir_ = std::filesystem::temp_directory_path() /
-               ("lumacfg-custrack-" + std::to_string(std::random_device()()));
-        std::filesystem::create_directories(dir_);
-        if (const char* old = std::getenv("LUMACFG_PROGRAM_DIR")) oldDir_ = old;
-        setenv("LUMACFG_PROGRAM_DIR", dir_.c_str(), 1);
         platform::SetProfiles(nullptr);
         ResetCustomDefs();
     }
-    void TearDown() override {
-        ResetCustomDefs();
-        oldDir_ ? setenv("LUMACFG_PROGRAM_DIR", oldDir_->c_str(), 1)
-                : unsetenv("LUMACFG_PROGRAM_DIR");
-        std::filesystem::remove_all(dir_);
-    }
+    void TearDown() override { ResetCustomDefs(); }
 
     std::filesystem::path File() const { return dir_ / "custrack.ini"; }
-    void Write(const std::string& bytes) const { std::ofstream(File(), std::ios::binary) << bytes; }
-    std::string Read() const {
-        std::ostringstream bytes;
-        bytes << std::ifstream(File(), std::ios::binary).rdbuf();
-        return bytes.str();
-    }
+    void Write(const std::string& bytes) const { testing_support::WriteBytes(File(), bytes); }
+    std::string Read() const { return testing_support::ReadBytes(File()).value_or(""); }
 
-    std::filesystem::path dir_;
-    std::optional<std::string> oldDir_;
+    testing_support::TempDir temp_{"lumacfg-custrack"};
+    std::filesystem::path dir_ = temp_.Path();
+    testing_support::ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", dir_.string()};
 };
 
 }  // namespace lumacfg::testing

@@ -3,10 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <random>
 
 #include "platform/services.h"
+#include "support/temp_dir.h"
 
 namespace lumacfg {
 namespace {
@@ -68,10 +67,10 @@ TEST(PathUtilsTest, SameExt) {
 }
 
 TEST(PathUtilsTest, MakePath) {
-    const auto root = std::filesystem::temp_directory_path() /
-                      ("lumacfg-make-path-" + std::to_string(std::random_device()()));
+    const testing_support::TempDir temp("lumacfg-make-path");
+    const std::filesystem::path& root = temp.Path();
     std::filesystem::create_directories(root / "sub");
-    std::ofstream(root / "run1.txt") << "x";
+    testing_support::WriteBytes(root / "run1.txt", "x");
     platform::SetFiles(nullptr);
     const std::string dir = root.string() + "/";
     const std::tuple<std::string_view, std::string_view, PathStatus, std::string_view> cases[] = {
@@ -92,7 +91,6 @@ TEST(PathUtilsTest, MakePath) {
     EXPECT_EQ(MakePath("run1", root.string() + "*/", Form()).status, PathStatus::Invalid);
     const MakePathResult drive = MakePath("X:\\none", dir, Form(0, "*.txt"));
     EXPECT_EQ(std::pair(drive.status, drive.fullPath), std::pair(PathStatus::Missing, "X:\\none"s));
-    std::filesystem::remove_all(root);
 }
 // clang-format on
 
