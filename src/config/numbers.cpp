@@ -79,19 +79,19 @@ std::string FixedHalfAwayFromZero(double value, int decimals) {
             int i = static_cast<int>(digits.size()) - 1;
             while (i >= 0 && digits[i] == '9') digits[i--] = '0';
             if (i < 0) {
-                digits.insert(digits.begin(), '1');
+                digits = "1" + digits;
             } else {
                 ++digits[i];
             }
         }
     }
     if (static_cast<int>(digits.size()) <= decimals) {
-        digits.insert(0, decimals + 1 - digits.size(), '0');
+        digits = std::string(decimals + 1 - digits.size(), '0') + digits;
     }
     std::string text = digits.substr(0, digits.size() - decimals);
     if (decimals > 0) text += "." + digits.substr(digits.size() - decimals);
     bool allZero = digits.find_first_not_of('0') == std::string::npos;
-    if (value < 0 && !allZero) text.insert(0, "-");
+    if (value < 0 && !allZero) text = "-" + text;
     return text;
 }
 
