@@ -53,45 +53,47 @@ std::optional<Int> RoundToRange(double value) {
     return static_cast<Int>(rounded);
 }
 
-// Decimal digits of |value| rounded half away from zero to `decimals` places, working on
-// the value's 15-significant-digit decimal form.
+std::uint64_t PowerOfTen(int exponent) {
+    std::uint64_t power = 1;
+    while (exponent-- > 0) power *= 10;
+    return power;
+}
+
+// |value| in units of 10^-decimals, rounded half away from zero after the value has been
+// reduced to its 15 significant decimal digits (so 0.2 held as a single counts as 0.2).
+std::uint64_t RoundedUnits(double magnitude, int decimals) {
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%.14e", magnitude);  // d.dddddddddddddde+xx
+    std::uint64_t mantissa = static_cast<std::uint64_t>(buffer[0] - '0');
+    for (int i = 2; i < 16; ++i) mantissa = mantissa * 10 + static_cast<std::uint64_t>(buffer[i] - '0');
+    const int shift = std::atoi(buffer + 17) - 14 + decimals;
+    if (shift >= 0) return mantissa * PowerOfTen(shift);
+    if (shift < -16) return 0;  // below half a unit
+    const std::uint64_t divisor = PowerOfTen(-shift);
+    return (mantissa + divisor / 2) / divisor;
+}
+
 std::string FixedHalfAwayFromZero(double value, int decimals) {
+    const double magnitude = std::fabs(value);
     if (!std::isfinite(value)) return "0";
-    char buffer[64];
-    std::snprintf(buffer, sizeof buffer, "%.14e", std::fabs(value));
-    // buffer: d.ddddddddddddddde[+-]xx
-    std::string mantissa;
-    mantissa += buffer[0];
-    mantissa.append(buffer + 2, 14);
-    int exponent = std::atoi(std::strchr(buffer, 'e') + 1);
-    // The digits of mantissa stand for mantissa * 10^(exponent - 14). Keep the ones down to
-    // 10^-decimals, rounding on the first dropped digit.
-    int keep = exponent + 1 + decimals;  // number of mantissa digits that stay
-    std::string digits;
-    if (keep <= 0) {
-        bool roundUp = keep == 0 && mantissa[0] >= '5';
-        digits = roundUp ? "1" : "0";
-    } else if (keep >= static_cast<int>(mantissa.size())) {
-        digits = mantissa + std::string(keep - mantissa.size(), '0');
-    } else {
-        digits = mantissa.substr(0, keep);
-        if (mantissa[keep] >= '5') {
-            int i = static_cast<int>(digits.size()) - 1;
-            while (i >= 0 && digits[i] == '9') digits[i--] = '0';
-            if (i < 0) {
-                digits = "1" + digits;
-            } else {
-                ++digits[i];
-            }
-        }
+    if (magnitude >= 1e16) {  // beyond exact integers: the plain fixed format
+        char wide[400];
+        std::snprintf(wide, sizeof wide, "%.*f", decimals, value);
+        return wide;
     }
-    if (static_cast<int>(digits.size()) <= decimals) {
-        digits = std::string(decimals + 1 - digits.size(), '0') + digits;
+    const std::string units = std::to_string(RoundedUnits(magnitude, decimals));
+    std::string digits(units.size() <= static_cast<std::size_t>(decimals)
+                           ? static_cast<std::size_t>(decimals) + 1 - units.size()
+                           : 0,
+                       '0');
+    digits.append(units);
+    std::string text;
+    if (value < 0 && units != "0") text.push_back('-');
+    text.append(digits, 0, digits.size() - static_cast<std::size_t>(decimals));
+    if (decimals > 0) {
+        text.push_back('.');
+        text.append(digits, digits.size() - static_cast<std::size_t>(decimals));
     }
-    std::string text = digits.substr(0, digits.size() - decimals);
-    if (decimals > 0) text += "." + digits.substr(digits.size() - decimals);
-    bool allZero = digits.find_first_not_of('0') == std::string::npos;
-    if (value < 0 && !allZero) text = "-" + text;
     return text;
 }
 
