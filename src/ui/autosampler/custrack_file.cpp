@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "config/numbers.h"
+#include "config/text.h"
 #include "platform/file_system.h"
 #include "platform/services.h"
 #include "ui/file/ansi_text.h"
@@ -16,12 +17,6 @@ constexpr int kNumberBuffer = 12;
 
 bool IsDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-std::string_view TrimBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t");
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
 // The whole text as a decimal number (sign, digits, fraction, exponent), rounded to an integer;
