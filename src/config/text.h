@@ -1,5 +1,6 @@
 // Text conventions shared by every file the data system keeps: lines with their own endings,
-// blanks, and names compared without regard to ASCII case.
+// blanks, names compared without regard to ASCII or Windows-1252 case, and texts that come out
+// of fixed-size buffers.
 #pragma once
 
 #include <span>
@@ -25,5 +26,19 @@ char AsciiLower(char c);
 bool SameTextIgnoringCase(std::string_view a, std::string_view b);
 bool EndsWithIgnoringCase(std::string_view text, std::string_view suffix);
 bool ContainsIgnoringCase(std::string_view text, std::string_view part);
+
+// Upper case of one Windows-1252 character: a-z and the accented lower-case letters; every
+// other byte is returned unchanged.
+char AnsiUpper(char c);
+std::string AnsiUpper(std::string_view text);
+
+// True when both texts are equal without regard to (Windows-1252) case.
+bool AnsiEqualNoCase(std::string_view a, std::string_view b);
+
+// The text up to, not including, its first NUL character (all of it when there is none).
+std::string_view CutAtNul(std::string_view text);
+
+// The text without leading and trailing spaces.
+std::string_view TrimSpaces(std::string_view text);
 
 }  // namespace lumacfg

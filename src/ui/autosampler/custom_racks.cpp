@@ -4,8 +4,8 @@
 #include <span>
 
 #include "config/numbers.h"
+#include "config/text.h"
 #include "platform/services.h"
-#include "ui/file/ansi_text.h"
 
 namespace lumacfg {
 namespace {

@@ -7,7 +7,6 @@
 #include "config/text.h"
 #include "platform/file_system.h"
 #include "platform/services.h"
-#include "ui/file/ansi_text.h"
 
 namespace lumacfg {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "config/profile.h"
+#include "config/text.h"
 #include "platform/services.h"
-#include "ui/file/ansi_text.h"
 
 namespace lumacfg {
 namespace {
