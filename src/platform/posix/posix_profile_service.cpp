@@ -32,7 +32,7 @@ class PosixProfileService final : public ProfileService {
         if (depth_ > 0) {
             if (Cached* cached = Load(host)) value = cached->document.Get(section, key);
         } else if (auto bytes = ReadWholeFile(host)) {
-            value = ProfileDocument(*bytes).Get(section, key);
+            value = LookUpProfileValue(*bytes, section, key);
         }
         return Truncated(value ? std::move(*value) : WithoutTrailingBlanks(defaultText), size);
     }

@@ -137,4 +137,25 @@ std::string ProfileDocument::Bytes() const {
     return JoinLines(lines_);
 }
 
+std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::string_view section,
+                                              std::string_view key) {
+    section = TrimBlanks(section);
+    key = TrimBlanks(key);
+    bool inSection = false;
+    for (std::size_t start = 0; start < bytes.size();) {
+        std::size_t newline = bytes.find('\n', start);
+        std::string_view line = bytes.substr(start, newline - start);
+        if (newline != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
+        start = newline == std::string_view::npos ? bytes.size() : newline + 1;
+        if (auto name = HeaderName(line)) {
+            if (inSection) return std::nullopt;  // only the first section of the name counts
+            inSection = SameTextIgnoringCase(*name, section);
+        } else if (inSection) {
+            auto name = KeyName(line);
+            if (name && SameTextIgnoringCase(*name, key)) return std::string(ValueOf(line));
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace lumacfg::platform::posix

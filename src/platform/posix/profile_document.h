@@ -42,4 +42,9 @@ class ProfileDocument {
     std::vector<TextLine> lines_;
 };
 
+// The value ProfileDocument(bytes).Get(section, key) gives, found by one pass over the bytes
+// without building the document: the read of a file outside a save.
+std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::string_view section,
+                                              std::string_view key);
+
 }  // namespace lumacfg::platform::posix
