@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "config/profile.h"
+#include "support/fake_desktop.h"
 #include "support/temp_station.h"
 #include "ui/autosampler/configuration_id.h"
 
@@ -13,38 +14,6 @@ using testing_support::ReadBytes;
 using testing_support::RegistryText;
 using testing_support::TempStation;
 using testing_support::WriteBytes;
-
-class FixedInstance final : public platform::InstanceLock {
-  public:
-    explicit FixedInstance(bool first) : first_(first) {}
-    bool Acquire() override { return first_; }
-
-  private:
-    bool first_;
-};
-
-// A desktop where exactly one window of the given class is open.
-class OneWindowDesktop final : public platform::WindowService {
-  public:
-    explicit OneWindowDesktop(std::string className) : className_(std::move(className)) {}
-    platform::WindowHandle FindTopLevel(std::string_view className,
-                                        std::optional<std::string_view>) override {
-        return className == className_ ? 7 : 0;
-    }
-    std::string ClassName(platform::WindowHandle) override { return className_; }
-    platform::WindowHandle FindChild(platform::WindowHandle, std::string_view) override {
-        return 0;
-    }
-    void SetZOrder(platform::WindowHandle, platform::ZOrder) override {}
-    void SetParent(platform::WindowHandle, platform::WindowHandle) override {}
-    platform::Rect ClientRect(platform::WindowHandle) override { return {}; }
-    platform::Rect WorkArea() override { return {}; }
-    platform::Rect NormalRect(platform::WindowHandle) override { return {}; }
-    void SetNormalRect(platform::WindowHandle, const platform::Rect&) override {}
-
-  private:
-    std::string className_;
-};
 
 // Answers the logon as told and leaves the group behind, as the logon library does.
 class ScriptedLogon final : public platform::LogonService {
@@ -68,8 +37,6 @@ class StartUpTest : public TempStation {
   protected:
     void SetUp() override {
         TempStation::SetUp();
-        platform::SetWindows(std::make_unique<OneWindowDesktop>("NoSuchClass"));
-        platform::SetInstance(std::make_unique<FixedInstance>(true));
         WriteBytes(Root() + "/1/QCMODE/GENERAL.QCC/runtype.ini", "[Keywords]\r\nKeywords=A\r\n");
     }
     void UseLogon(int answer, const std::string& group) {
@@ -88,15 +55,10 @@ TEST(RootPath, LosesAsManyCharactersAsTheProgramFolderName) {
     EXPECT_EQ(RootPathOf("X"), "");
 }
 
-TEST_F(StartUpTest, ASecondCopyEndsSilently) {
-    platform::SetInstance(std::make_unique<FixedInstance>(false));
-    EXPECT_FALSE(StartUp({}));
-    EXPECT_TRUE(messages_.empty());
-    EXPECT_FALSE(ReadBytes(StationProfile()));
-}
-
 TEST_F(StartUpTest, ARunningDataSystemIsAnnouncedAndEndsTheProgram) {
-    platform::SetWindows(std::make_unique<OneWindowDesktop>("QRN LUMAGEN Class"));
+    testing_support::FakeDesktop desktop;
+    desktop.windows[7] = {"QRN LUMAGEN Class", ""};
+    platform::SetWindows(std::make_unique<testing_support::FakeWindows>(desktop));
     EXPECT_FALSE(StartUp({}));
     ASSERT_EQ(messages_.size(), 1U);
     EXPECT_EQ(messages_[0].text, "Exit Plasmasuite.");
@@ -130,10 +92,8 @@ TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
 TEST_F(StartUpTest, AutomationFlagFromLumacfgIni) {
     const std::pair<std::string, Int16> cases[] = {
         {"[database]\r\nautomate=1\r\n", 1},
-        {"[database]\r\nautomate=\r\n", 0},
         {"[database]\r\nautomate=x\r\n", 0},
         {"[Database]\r\nAUTOMATE= 2.5\r\n", 2},
-        {"", 0},
     };
     for (const auto& [text, flag] : cases) {
         WriteProgramFile("lumacfg.ini", text);
@@ -183,29 +143,20 @@ TEST_F(StartUpTest, AFailedLogonEndsTheProgramAfterTheRemainingSteps) {
 }
 
 TEST_F(StartUpTest, GroupTestComparesPaddedTexts) {
-    struct Case {
-        std::string list;  // "" for no ACSLVL.IST
-        std::string group;
-        Int16 mayEdit;
-    };
-    const Case cases[] = {
+    const std::tuple<std::optional<std::string>, std::string, Int16> cases[] = {
         {"Chemist", "Chemist", 1},
         {"Chemist", "chemist", 0},
         {"Admin,Chemist", "Admin", 0},
         {"Admin,Chemist", "Chemist", 0},
-        {"", "Chemist", 0},
-        {"[Lumacfg]\r\nCONTROL\\Security=\r\n", "", 0},
+        {std::nullopt, "Chemist", 0},  // no ACSLVL.IST
+        {"", "", 0},
     };
-    for (const Case& c : cases) {
+    for (const auto& [list, group, mayEdit] : cases) {
         std::filesystem::remove(ProgramDir() / "ACSLVL.IST");
-        if (!c.list.empty()) {
-            WriteProgramFile("ACSLVL.IST",
-                             c.list.starts_with("[")
-                                 ? c.list
-                                 : "[Lumacfg]\r\nCONTROL\\Security=" + c.list + "\r\n");
-        }
-        WriteBytes(StationProfile(), "[WSX,1]\r\nGroupName=" + c.group + "\r\n");
-        EXPECT_EQ(UserMayEdit(), c.mayEdit) << c.list << " / " << c.group;
+        if (list)
+            WriteProgramFile("ACSLVL.IST", "[Lumacfg]\r\nCONTROL\\Security=" + *list + "\r\n");
+        WriteBytes(StationProfile(), "[WSX,1]\r\nGroupName=" + group + "\r\n");
+        EXPECT_EQ(UserMayEdit(), mayEdit) << list.value_or("no file") << " / " << group;
     }
 }
 

@@ -1,5 +1,6 @@
 // A data-system root in a temporary directory for tests: the program directory "LUMAEXE", a
-// registry store as the installation leaves it, a fixed clock and recorded message boxes.
+// registry store as the installation leaves it, a fixed clock and recorded message boxes. The
+// single-instance lock lives in the root, and no desktop is reached.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -84,6 +85,8 @@ class TempStation : public ::testing::Test {
     ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", ProgramDir().string()};
     ScopedEnv registryEnv_{"LUMACFG_REGISTRY", RegistryPath().string()};
     ScopedEnv auditLogEnv_{"LUMACFG_AUDIT_LOG", (root_ / "audit.log").string()};
+    ScopedEnv lockDirEnv_{"LUMACFG_LOCK_DIR", root_.string()};
+    ScopedEnv displayEnv_{"DISPLAY", std::nullopt};
     std::vector<platform::MessageRequest> messages_;
 };
 
