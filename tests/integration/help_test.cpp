@@ -3,64 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
+#include <tuple>
 
 #include "integration/vlt_settings.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
-#include "support/scoped_env.h"
+#include "support/temp_station.h"
 
 namespace lumacfg {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using testing_support::RegistryText;
 using testing_support::ScopedEnv;
-
-// The data system's registry key, holding "Path" when the data system is installed.
-class FakeRegistry final : public platform::Registry, public platform::RegistryKey {
-  public:
-    explicit FakeRegistry(std::optional<std::string> path) : path_(std::move(path)) {}
-    std::unique_ptr<platform::RegistryKey> OpenKey(std::string_view key,
-                                                   platform::RegistryAccess) override {
-        if (!path_ || key != kDataSystemKey) return nullptr;
-        return std::make_unique<FakeRegistry>(path_);
-    }
-    std::optional<std::string> QueryString(std::string_view name) override {
-        return name == "Path" ? path_ : std::nullopt;
-    }
-    std::optional<std::uint32_t> QueryDword(std::string_view) override { return {}; }
-    bool SetString(std::string_view, std::string_view) override { return false; }
-    bool SetDword(std::string_view, std::uint32_t) override { return false; }
-
-  private:
-    std::optional<std::string> path_;
-};
-
-// Values of section "WSX,1" of the data system's "lumagen.ist" by key; other files are empty.
-constexpr const char* kSettingsFile = "C:\\PS\\lumaexe\\lumagen.ist";
-
-class FakeProfiles final : public platform::ProfileService {
-  public:
-    explicit FakeProfiles(const std::map<std::string, std::string>& values) : values_(values) {}
-    platform::ProfileRead GetString(std::string_view file, std::string_view section,
-                                    std::string_view key, std::string_view defaultText,
-                                    std::size_t) override {
-        auto found = values_.find(std::string(key));
-        bool present = file == kSettingsFile && section == "WSX,1" && found != values_.end();
-        std::string text = present ? found->second : std::string(defaultText);
-        return {text, text.size()};
-    }
-    bool WriteString(std::string_view, std::string_view, std::optional<std::string_view>,
-                     std::optional<std::string_view>) override {
-        return false;
-    }
-    void BeginBatch() override {}
-    bool EndBatch() override { return true; }
-
-  private:
-    const std::map<std::string, std::string>& values_;
-};
+using testing_support::TempStation;
+using testing_support::WriteBytes;
 
 // Each call to the help viewers as "viewer window 'file' command data".
 class RecordingHelpViewer final : public platform::HelpViewer {
@@ -88,71 +46,48 @@ class RecordingHelpViewer final : public platform::HelpViewer {
     std::vector<std::string>& calls_;
 };
 
-class HelpTest : public ::testing::Test {
+class HelpTest : public TempStation {
   protected:
     void SetUp() override {
-        platform::SetProfiles(std::make_unique<FakeProfiles>(settings_));
+        TempStation::SetUp();
         platform::SetHelp(std::make_unique<RecordingHelpViewer>(calls_));
-        Install("C:\\PS");
+        Install(Root());
         InitHelp();
         calls_.clear();
         desktop_ = std::to_string(platform::Windows().Desktop());
     }
-    void TearDown() override { platform::ResetServices(); }
 
-    void Install(std::optional<std::string> root) {
-        platform::SetRegistry(std::make_unique<FakeRegistry>(std::move(root)));
+    // The registry's "Path" as the store spells it (none: the data system is not installed),
+    // and lines of section "WSX,1" of the station profile below it.
+    void Install(std::optional<std::string> root, const std::string& settings = "") {
+        WriteBytes(RegistryPath(), RegistryText(root ? "\"Path\"=\"" + *root + "\"\r\n" : ""));
+        WriteBytes(StationProfile(), "[WSX,1]\r\n" + settings);
     }
     void PressHelpButton(std::int32_t topic) { ShowHelp(42, "", kHelpContextCommand, topic); }
 
-    std::map<std::string, std::string> settings_;
     std::vector<std::string> calls_;
     std::string desktop_;
 };
 
-struct ResolveCase {
-    const char* what;
-    std::optional<std::string> root;
-    std::map<std::string, std::string> settings;
-    std::optional<std::string> expected;
-};
-
-void PrintTo(const ResolveCase& c, std::ostream* os) {
-    *os << c.what;
+TEST_F(HelpTest, TheHelpFileIsNamedByTheDataSystemsStationProfile) {
+    const std::tuple<std::optional<std::string>, std::string, std::optional<std::string>> cases[] =
+        {
+            {Root(), "_HELPPATH$=C:\\Help\r\n", "C:\\Help\\luma-ms.chm"},
+            {Root() + "\\\\", "_HELPPATH$=C:\\Help\\\r\n_HELPFILE$=guide.chm\r\n",
+             "C:\\Help\\guide.chm"},
+            {Root(), "_HELPPATH$=\r\n_HELPFILE$=guide.HLP\r\n", "guide.HLP"},
+            {Root(), "_HELPPATH$=ERR\r\n_HELPFILE$=ERR\r\n", "luma-ms.chm"},
+            {Root(), "_HELPPATH$=D:\\H" + std::string(1, '\0') + "x\r\n_HELPFILE$=a.chm\r\n",
+             "D:\\H\\a.chm"},
+            // Another installation directory: no settings file there.
+            {Root() + "\\\\Other", "_HELPPATH$=C:\\Help\r\n", "luma-ms.chm"},
+            {std::nullopt, "_HELPFILE$=guide.chm\r\n", std::nullopt},
+        };
+    for (const auto& [root, settings, expected] : cases) {
+        Install(root, settings);
+        EXPECT_EQ(ResolveHelpFile(), expected) << settings;
+    }
 }
-
-class HelpFileTest : public HelpTest, public ::testing::WithParamInterface<ResolveCase> {};
-
-TEST_P(HelpFileTest, IsNamedByTheDataSystemsStationProfile) {
-    Install(GetParam().root);
-    settings_ = GetParam().settings;
-    EXPECT_EQ(ResolveHelpFile(), GetParam().expected);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, HelpFileTest,
-    ::testing::Values(
-        ResolveCase{"path without separator, no file name",
-                    "C:\\PS",
-                    {{"_HELPPATH$", "C:\\Help"}},
-                    "C:\\Help\\luma-ms.chm"},
-        ResolveCase{"path with separator",
-                    "C:\\PS\\",
-                    {{"_HELPPATH$", "C:\\Help\\"}, {"_HELPFILE$", "guide.chm"}},
-                    "C:\\Help\\guide.chm"},
-        ResolveCase{
-            "empty path", "C:\\PS", {{"_HELPPATH$", ""}, {"_HELPFILE$", "guide.HLP"}}, "guide.HLP"},
-        ResolveCase{"ERR is absent",
-                    "C:\\PS",
-                    {{"_HELPPATH$", "ERR"}, {"_HELPFILE$", "ERR"}},
-                    "luma-ms.chm"},
-        ResolveCase{"cut at NUL",
-                    "C:\\PS",
-                    {{"_HELPPATH$", std::string("D:\\H\0x", 6)}, {"_HELPFILE$", "a.chm"}},
-                    "D:\\H\\a.chm"},
-        // Another installation directory: its settings file has no help keys.
-        ResolveCase{"other installation", "C:\\Other", {{"_HELPPATH$", "C:\\Help"}}, "luma-ms.chm"},
-        ResolveCase{"not installed", std::nullopt, {{"_HELPFILE$", "guide.chm"}}, std::nullopt}));
 
 TEST_F(HelpTest, WithoutTheDataSystemHelpButtonsDoNothing) {
     Install(std::nullopt);
@@ -162,7 +97,7 @@ TEST_F(HelpTest, WithoutTheDataSystemHelpButtonsDoNothing) {
 }
 
 TEST_F(HelpTest, ContextHelpClosesOpenHelpThenShowsTheContentsThenTheTopic) {
-    settings_["_HELPPATH$"] = "C:\\Help";
+    Install(Root(), "_HELPPATH$=C:\\Help\r\n");
     PressHelpButton(kHelpTopicMisc);
     EXPECT_THAT(calls_,
                 ElementsAre("chm 0 '' 18 0", "chm " + desktop_ + " 'C:\\Help\\luma-ms.chm' 1 1",
@@ -181,7 +116,7 @@ TEST_F(HelpTest, ClassicCommandsAreTranslatedForCompiledHelp) {
 }
 
 TEST_F(HelpTest, ClassicHelpGetsTheCallersRequestUnchangedAndIsQuitAtClose) {
-    settings_["_HELPFILE$"] = "guide.HLP";
+    Install(Root(), "_HELPFILE$=guide.HLP\r\n");
     PressHelpButton(kHelpTopicVas);
     ShowHelp(43, "", 3, 0);
     CloseHelp();
@@ -191,9 +126,9 @@ TEST_F(HelpTest, ClassicHelpGetsTheCallersRequestUnchangedAndIsQuitAtClose) {
 }
 
 TEST_F(HelpTest, TheFileIsResolvedOnceAndAGivenFileReplacesIt) {
-    settings_["_HELPFILE$"] = "first.chm";
+    Install(Root(), "_HELPFILE$=first.chm\r\n");
     PressHelpButton(kHelpTopicConfig);
-    settings_["_HELPFILE$"] = "second.chm";
+    Install(Root(), "_HELPFILE$=second.chm\r\n");
     PressHelpButton(kHelpTopicConfig);
     EXPECT_EQ(TheHelpState().HELP_FILE, "first.chm");
     ShowHelp(42, "given.hlp", 1, 5);
