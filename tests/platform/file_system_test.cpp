@@ -31,9 +31,7 @@ class HostPathTest : public ::testing::Test {
 };
 
 TEST_F(HostPathTest, BackslashesAndCaseAreResolved) {
-    struct Case {
-        std::string system, host;
-    } cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"\\Luma\\LUMAEXE\\lumagen.ist", "/Luma/LUMAEXE/lumagen.ist"},
         {"\\luma\\lumaexe\\LUMAGEN.IST", "/Luma/LUMAEXE/lumagen.ist"},
         {"/LUMA/LumaExe/Lumagen.Ist", "/Luma/LUMAEXE/lumagen.ist"},
@@ -44,7 +42,9 @@ TEST_F(HostPathTest, BackslashesAndCaseAreResolved) {
         {"\\LUMA\\new\\File.INI", "/Luma/new/File.INI"},
         {"\\luma\\LUMAEXE\\\\QCMODE\\", "/Luma/LUMAEXE/QCMODE/"},
     };
-    for (const Case& c : cases) EXPECT_EQ(HostPath(root_ + c.system), root_ + c.host) << c.system;
+    for (const auto& [system, host] : cases) {
+        EXPECT_EQ(HostPath(root_ + system), root_ + host) << system;
+    }
 
     // Relative paths are looked up from the working directory.
     std::string cwd = fs::current_path();
@@ -55,36 +55,28 @@ TEST_F(HostPathTest, BackslashesAndCaseAreResolved) {
 }
 
 TEST(JoinPathTest, ExactlyOneBackslash) {
-    struct Case {
-        std::string directory, name, joined;
-    } cases[] = {
-        {"C:\\Luma\\LUMAEXE", "lumagen.ist", "C:\\Luma\\LUMAEXE\\lumagen.ist"},
-        {"C:\\Luma\\LUMAEXE\\", "lumagen.ist", "C:\\Luma\\LUMAEXE\\lumagen.ist"},
-        {"/opt/luma/", "lumagen.ist", "/opt/luma/lumagen.ist"},
-        {"/opt/luma", "custrack.ini", "/opt/luma\\custrack.ini"},
-    };
-    for (const Case& c : cases) EXPECT_EQ(JoinPath(c.directory, c.name), c.joined);
+    EXPECT_EQ(JoinPath("C:\\Luma\\LUMAEXE", "lumagen.ist"), "C:\\Luma\\LUMAEXE\\lumagen.ist");
+    EXPECT_EQ(JoinPath("C:\\Luma\\LUMAEXE\\", "lumagen.ist"), "C:\\Luma\\LUMAEXE\\lumagen.ist");
+    EXPECT_EQ(JoinPath("/opt/luma/", "lumagen.ist"), "/opt/luma/lumagen.ist");
+    EXPECT_EQ(JoinPath("/opt/luma", "custrack.ini"), "/opt/luma\\custrack.ini");
 }
 
 TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {
     ScopedEnv programDir("LUMACFG_PROGRAM_DIR");
-
-    struct Case {
-        std::string configured, directory;
-    } cases[] = {
-        {"/opt/luma/LUMAEXE", "/opt/luma/LUMAEXE"},
+    const std::pair<std::string, std::string> cases[] = {
         {"/opt/luma/LUMAEXE/", "/opt/luma/LUMAEXE"},
         {"/opt/luma/LUMAEXE\\", "/opt/luma/LUMAEXE"},
         {"/", "/"},
     };
-    for (const Case& c : cases) {
-        programDir.Set(c.configured);
-        EXPECT_EQ(ProgramDirectory(), c.directory) << c.configured;  // asked anew each call
+    for (const auto& [configured, directory] : cases) {
+        programDir.Set(configured);
+        EXPECT_EQ(ProgramDirectory(), directory) << configured;  // asked anew each call
     }
+    const std::string executable = fs::read_symlink("/proc/self/exe").parent_path().string();
     programDir.Set(std::nullopt);
-    EXPECT_EQ(ProgramDirectory(), fs::read_symlink("/proc/self/exe").parent_path().string());
+    EXPECT_EQ(ProgramDirectory(), executable);
     programDir.Set("");  // empty counts as not set
-    EXPECT_EQ(ProgramDirectory(), fs::read_symlink("/proc/self/exe").parent_path().string());
+    EXPECT_EQ(ProgramDirectory(), executable);
 }
 
 }  // namespace

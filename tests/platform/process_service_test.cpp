@@ -1,4 +1,4 @@
-// The POSIX process service and single-instance lock, with real processes and lock files.
+// The POSIX process service with real processes.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -6,10 +6,7 @@
 #include <filesystem>
 #include <thread>
 
-#include "integration/process_wait.h"
 #include "platform/posix/backends.h"
-#include "platform/services.h"
-#include "support/scoped_env.h"
 #include "support/temp_dir.h"
 
 namespace lumacfg::platform {
@@ -19,7 +16,6 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
 using testing_support::ReadBytes;
-using testing_support::ScopedEnv;
 using testing_support::TempDir;
 
 // How long the process goes on running, as seen by `service` (at most five seconds).
@@ -53,31 +49,6 @@ TEST(PosixProcesses, AZombieIsNotRunningAndOtherIdsAreAskedOfTheSystem) {
     EXPECT_FALSE(observer->IsRunning(0));
     EXPECT_FALSE(observer->IsRunning(0xFFFFFFFFu));
     EXPECT_TRUE(observer->IsRunning(static_cast<ProcessId>(getpid())));
-}
-
-TEST(PosixProcesses, TheWaitForAProcessAlreadyGoneEndsAtTheFirstTick) {
-    auto id = Processes().Start("true");
-    ASSERT_TRUE(id.has_value());
-    int ticks = 0;
-    WaitForProcess(*id, [&](std::chrono::milliseconds interval) {
-        ++ticks;
-        std::this_thread::sleep_for(interval);
-    });
-    EXPECT_EQ(ticks, 1);
-}
-
-TEST(PosixInstanceLock, OnlyOneHolderAtATime) {
-    const TempDir temp;
-    const fs::path& dir = temp.Path();
-    ScopedEnv lockDir("LUMACFG_LOCK_DIR", dir.string());
-    auto first = posix::MakeInstanceLock();
-    auto second = posix::MakeInstanceLock();
-    EXPECT_TRUE(first->Acquire());
-    EXPECT_TRUE(first->Acquire());
-    EXPECT_TRUE(fs::exists(dir / "lumacfg.lock"));
-    EXPECT_FALSE(second->Acquire());
-    first.reset();
-    EXPECT_TRUE(second->Acquire());
 }
 
 }  // namespace
