@@ -33,16 +33,18 @@ class ProfileOperationsTest : public ::testing::Test {
 };
 
 TEST_F(ProfileOperationsTest, ProfileGetFillsTheCallersBuffer) {
-    PutStation("[WSX]\r\nALS_TYPE=12\r\nLONG=abcdefghij\r\nEMPTY=\r\n");
+    PutStation("[WSX]\r\nLONG=abcdefghij\r\nEMPTY=\r\n");
     struct Case {
         std::string key, defaultText;
         std::size_t size;
         std::string buffer;  // the whole buffer afterwards, filled with '*' beforehand
         std::size_t count;
     } cases[] = {
-        {"ALS_TYPE", "", 30, "12", 2},        {"LONG", "", 5, "abcd", 4},
-        {"LONG", "", 11, "abcdefghij", 10},   {"EMPTY", "x", 30, "", 0},
-        {"MISSING", "dflt  ", 30, "dflt", 4}, {"MISSING", "", 30, "", 0},
+        {"LONG", "", 1, "", 0},
+        {"LONG", "", 5, "abcd", 4},
+        {"LONG", "", 11, "abcdefghij", 10},
+        {"EMPTY", "x", 30, "", 0},  // present but empty: no default
+        {"MISSING", " dflt \t ", 30, " dflt", 5},
     };
     for (const Case& c : cases) {
         std::string buffer(c.size, '*');

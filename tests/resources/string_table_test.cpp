@@ -1,3 +1,4 @@
+// The resource texts: their file format, and the string table and caption blocks compiled in.
 #include "resources/string_table.h"
 
 #include <gmock/gmock.h>
@@ -5,6 +6,7 @@
 
 #include <climits>
 #include <string>
+#include <tuple>
 
 #include "resources/embedded_resource.h"
 #include "resources/resource_text.h"
@@ -13,10 +15,10 @@
 namespace lumacfg {
 namespace {
 
-struct NumberedText {
-    int id;
-    const char* text;
-};
+using resources::ParseResourceText;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
 
 // Texts of every kind the table holds: the first and last numbers, texts the windows compare
 // against, a line break, an apostrophe and a trailing blank.
@@ -32,6 +34,67 @@ const std::pair<int, const char*> kTexts[] = {
     {631, "Must specify the folder on VLT server."},
 };
 
+TEST(ResourceTextTest, TextsAndEscapes) {
+    // One line of a file, without its line end, and the text it gives for number 7.
+    const std::pair<std::string_view, std::string> cases[] = {
+        {"7\t", ""},
+        {"7\t  two  ", "  two  "},
+        {"7\tfirst\\nsecond", "first\nsecond"},
+        {"7\ta\\r\\tb", "a\r\tb"},
+        {"7\tC:\\\\LUMAEXE\\\\", "C:\\LUMAEXE\\"},
+        {"7\tRack ID\\x20", "Rack ID "},
+        {"7\t\\x4F\\x4b", "OK"},
+        {"7\t\\x93Q\\x94 caf\xe9", "\x93Q\x94 caf\xe9"},
+        {"7\ta\tb", "a\tb"},
+    };
+    for (const auto& [line, text] : cases) {
+        const auto parsed = ParseResourceText(line);
+        EXPECT_THAT(parsed.errors, IsEmpty()) << line;
+        ASSERT_THAT(parsed.texts, SizeIs(1)) << line;
+        EXPECT_EQ(parsed.texts[0].number, 7) << line;
+        EXPECT_EQ(parsed.texts[0].text, text) << line;
+    }
+}
+
+TEST(ResourceTextTest, CommentsBlankLinesAndLineEnds) {
+    const auto parsed =
+        ParseResourceText("# header\r\n\r\n   \n\t\n1\tone\r\n2\ttwo\n  # not a comment\n3\tthree");
+    EXPECT_THAT(parsed.errors, ElementsAre("line 7: a text line must begin with its number"));
+    ASSERT_THAT(parsed.texts, SizeIs(3));
+    EXPECT_EQ(parsed.texts[0].text, "one");
+    EXPECT_EQ(parsed.texts[1].text, "two");
+    EXPECT_EQ(parsed.texts[2].number, 3);
+    EXPECT_EQ(parsed.texts[2].text, "three");
+
+    EXPECT_THAT(ParseResourceText("").texts, IsEmpty());
+}
+
+// A faulty escape is kept as written; of a repeated number the first text counts.
+TEST(ResourceTextTest, FaultyLinesAreReported) {
+    // The file, its error, and the text it still gives (nullptr: none).
+    const std::tuple<std::string_view, const char*, const char*> cases[] = {
+        {"Error", "line 1: a text line must begin with its number", nullptr},
+        {"100 Error", "line 1: the number must be followed by one TAB", nullptr},
+        {"-1\tx", "line 1: a text line must begin with its number", nullptr},
+        {"65536\tx", "line 1: number above 65535", nullptr},
+        {"99999999999999999999\tx", "line 1: number above 65535", nullptr},
+        {"1\ta\\qb", "line 1: unknown escape at column 2", "a\\qb"},
+        {"1\tend\\", "line 1: unknown escape at column 4", "end\\"},
+        {"1\t\\x4", "line 1: unknown escape at column 1", "\\x4"},
+        {"5\tfirst\n5\tsecond", "line 2: number 5 already given on line 1", "first"},
+    };
+    for (const auto& [file, error, textKept] : cases) {
+        const auto parsed = ParseResourceText(file);
+        EXPECT_THAT(parsed.errors, ElementsAre(error)) << file;
+        if (textKept == nullptr) {
+            EXPECT_THAT(parsed.texts, IsEmpty()) << file;
+        } else {
+            ASSERT_THAT(parsed.texts, SizeIs(1)) << file;
+            EXPECT_EQ(parsed.texts[0].text, textKept) << file;
+        }
+    }
+}
+
 TEST(StringTableTest, NumbersGiveTheirTexts) {
     for (const auto& [id, text] : kTexts) EXPECT_EQ(LoadResString(id), text) << "string " << id;
 }
@@ -44,9 +107,9 @@ TEST(StringTableTest, UnknownNumbersGiveTheEmptyText) {
 
 TEST(StringTableTest, CaptionBlocksByName) {
     EXPECT_THAT(LoadCaptionBlock("idres_captions_asx500"),
-                testing::ElementsAre("ASX500 Configuration", "COM &Port for ALS:", "&Tray Type:",
-                                     "&Configure Tray...", "Racks", "Rack ID ",
-                                     "C&onfigure Rack...", "OK", "Cancel", "&Help"));
+                ElementsAre("ASX500 Configuration",
+                            "COM &Port for ALS:", "&Tray Type:", "&Configure Tray...", "Racks",
+                            "Rack ID ", "C&onfigure Rack...", "OK", "Cancel", "&Help"));
     EXPECT_TRUE(LoadCaptionBlock("IDRES_CAPTIONS_ASX100").empty());
     // The string table is not a caption block.
     EXPECT_TRUE(LoadCaptionBlock(resources::kStringTableName).empty());
@@ -60,24 +123,19 @@ std::string ReadSourceFile(const std::string& name) {
 // The files as compiled in are the files in the source tree, and they keep to their format;
 // a caption block is numbered 1, 2, 3, ... without gaps.
 TEST(StringTableTest, ResourceFilesAreCompiledInAndWellFormed) {
-    struct File {
-        std::string_view type, name;
-        const char* file;
-        bool block;
-    };
-    const File kFiles[] = {
+    const std::tuple<std::string_view, std::string_view, const char*, bool> files[] = {
         {resources::kStringTableType, resources::kStringTableName, "strings.txt", false},
         {resources::kCaptionBlockType, kCaptionsAsx500, "captions_asx500.txt", true},
     };
-    for (const auto& file : kFiles) {
-        SCOPED_TRACE(file.file);
-        const auto bytes = resources::FindEmbeddedResource(file.type, file.name);
+    for (const auto& [type, name, file, block] : files) {
+        SCOPED_TRACE(file);
+        const auto bytes = resources::FindEmbeddedResource(type, name);
         ASSERT_TRUE(bytes.has_value());
-        EXPECT_EQ(*bytes, ReadSourceFile(file.file));
-        const auto parsed = resources::ParseResourceText(*bytes);
-        EXPECT_THAT(parsed.errors, testing::IsEmpty());
+        EXPECT_EQ(*bytes, ReadSourceFile(file));
+        const auto parsed = ParseResourceText(*bytes);
+        EXPECT_THAT(parsed.errors, IsEmpty());
         EXPECT_FALSE(parsed.texts.empty());
-        if (file.block) {
+        if (block) {
             for (std::size_t i = 0; i < parsed.texts.size(); ++i) {
                 EXPECT_EQ(parsed.texts[i].number, static_cast<int>(i) + 1);
             }

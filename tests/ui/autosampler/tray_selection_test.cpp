@@ -1,4 +1,5 @@
-// The tray selection of "[CURRENT]": loading, the rack-on-tray rule and the rewrite.
+// The tray selection of "[CURRENT]": loading, the rack-on-tray rule and the rewrite; the
+// lookups between ids and display names.
 #include "ui/autosampler/custom_racks.h"
 #include "ui/autosampler/custrack_fixture.h"
 
@@ -117,6 +118,26 @@ TEST_F(TraySelectionTest, SaveNeverCreatesCurrentSection) {
     std::filesystem::remove(File());
     SaveCurrentTray();
     EXPECT_FALSE(std::filesystem::exists(File()));
+}
+
+TEST_F(TraySelectionTest, LookupsBetweenIdsAndNames) {
+    auto& racks = RackTrays().CustomRacks;
+    racks[0] = {1000, "Deep Rack"}, racks[1] = {1001, "60"}, racks[99] = {1099, "\xC9lan"};
+    racks[10] = {1010, "Twin"}, racks[20] = {1020, "Twin"};
+    RackTrays().CustomTrays[2] = {1002, "Big Tray"};
+    RackTrays().CustomTrays[3] = {1003, "Standard 4/5"};
+
+    const std::pair<std::int16_t, std::string_view> names[] = {
+        {-1, ""}, {21, "21"}, {90, "90"}, {22, ""}, {1000, "Deep Rack"}, {1050, ""}, {1100, ""}};
+    for (const auto& [id, name] : names) EXPECT_EQ(RackNameFromId(id), name) << id;
+    const std::pair<std::string_view, std::int16_t> rackIds[] = {
+        {"  ", -1},         {"60", 60},     {"22", -1},        {"dEEP rACK", 1000},
+        {" Deep Rack", -1}, {"Twin", 1010}, {"\xE9LAN", 1099}, {"Unknown", -1}};
+    for (const auto& [name, id] : rackIds) EXPECT_EQ(RackIdFromName(name), id) << name;
+    const std::pair<std::string_view, std::int16_t> trayIds[] = {
+        {"", -1},           {"Standard 4/5", 0}, {"standard 4/10", 1}, {"Standard 4/5 ", -1},
+        {"big tray", 1002}, {"Small", -1}};
+    for (const auto& [name, id] : trayIds) EXPECT_EQ(TrayIdFromName(name), id) << name;
 }
 
 }  // namespace
