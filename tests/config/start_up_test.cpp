@@ -68,37 +68,21 @@ TEST_F(StartUpTest, ARunningDataSystemIsAnnouncedAndEndsTheProgram) {
 }
 
 TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
-    struct Case {
-        std::vector<std::string> present;
-        std::array<Int16, 4> flags;
-    };
-    const Case cases[] = {
+    // The add-on programs present and the flags they give.
+    const std::pair<std::vector<std::string>, std::array<Int16, 4>> cases[] = {
         {{"VAPOR.EXE"}, {1, 1, 1, 0}},
         {{"LUMADSS.EXE"}, {0, 0, 1, 0}},
         {{"ABLATE.EXE"}, {0, 1, 1, 0}},
         {{}, {0, 0, 0, 0}},
         {{"vapor.exe", "ABLATE.EXE"}, {1, 1, 1, 0}},
     };
-    for (const Case& c : cases) {
+    for (const auto& [present, flags] : cases) {
         for (const char* name : {"VAPOR.EXE", "vapor.exe", "ABLATE.EXE", "LUMADSS.EXE"}) {
             std::filesystem::remove(ProgramDir() / name);
         }
-        for (const std::string& name : c.present) WriteProgramFile(name, "MZ");
+        for (const std::string& name : present) WriteProgramFile(name, "MZ");
         ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
-        EXPECT_EQ(Config().ADDON_FLAGS, c.flags) << c.present.size();
-    }
-}
-
-TEST_F(StartUpTest, AutomationFlagFromLumacfgIni) {
-    const std::pair<std::string, Int16> cases[] = {
-        {"[database]\r\nautomate=1\r\n", 1},
-        {"[database]\r\nautomate=x\r\n", 0},
-        {"[Database]\r\nAUTOMATE= 2.5\r\n", 2},
-    };
-    for (const auto& [text, flag] : cases) {
-        WriteProgramFile("lumacfg.ini", text);
-        ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
-        EXPECT_EQ(Config().AUTOMATE, flag) << text;
+        EXPECT_EQ(Config().ADDON_FLAGS, flags) << present.size();
     }
 }
 
@@ -130,16 +114,16 @@ TEST_F(StartUpTest, LogonOnlyForAnInteractiveStartWithSecurity) {
     EXPECT_EQ(logons_, 1);
     EXPECT_EQ(Config().CAN_EDIT, 1);
 
-    WriteProgramFile("lumacfg.ini", "[database]\r\nautomate=1\r\n");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
-    EXPECT_EQ(logons_, 1);
-}
-
-TEST_F(StartUpTest, AFailedLogonEndsTheProgramAfterTheRemainingSteps) {
-    UseLogon(1, "Nobody");
+    UseLogon(1, "Nobody");  // refused: the program ends after the remaining steps
     EXPECT_FALSE(StartUp({.commandLineEmpty = true}));
-    EXPECT_EQ(logons_, 1);
+    EXPECT_EQ(logons_, 2);
     EXPECT_EQ(Config().CAN_EDIT, 0);
+
+    // Set-up mode ("automate" read leniently, 2.5 rounding to 2) never logs on.
+    WriteProgramFile("lumacfg.ini", "[Database]\r\nAUTOMATE= 2.5\r\n");
+    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
+    EXPECT_EQ(Config().AUTOMATE, 2);
+    EXPECT_EQ(logons_, 2);
 }
 
 TEST_F(StartUpTest, GroupTestComparesPaddedTexts) {

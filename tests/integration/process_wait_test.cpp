@@ -24,30 +24,23 @@ class ScriptedProcesses final : public platform::ProcessService {
     int& questions_;
 };
 
-class ProcessWaitTest : public ::testing::TestWithParam<int> {
-  protected:
-    void SetUp() override {
-        platform::SetProcesses(std::make_unique<ScriptedProcesses>(GetParam(), questions_));
+// 0 running answers: the process has gone before the first tick.
+TEST(ProcessWaitTest, PollsEvery300MsUntilTheProcessIsGoneAndThenNoMore) {
+    for (int running : {0, 1, 4}) {
+        int questions = 0;
+        platform::SetProcesses(std::make_unique<ScriptedProcesses>(running, questions));
+        std::vector<std::chrono::milliseconds> sleeps;
+        WaitForProcess(77, [&](std::chrono::milliseconds interval) { sleeps.push_back(interval); });
+        EXPECT_EQ(sleeps, std::vector(running + 1, 300ms)) << running;
+        EXPECT_EQ(questions, running + 1);
+
+        ProcessWait ended(78);
+        EXPECT_FALSE(ended.Tick());
+        EXPECT_FALSE(ended.Tick());
+        EXPECT_EQ(questions, running + 2);
     }
-    void TearDown() override { platform::ResetServices(); }
-
-    int questions_ = 0;
-};
-
-TEST_P(ProcessWaitTest, PollsEvery300MsUntilTheProcessIsGoneAndThenNoMore) {
-    std::vector<std::chrono::milliseconds> sleeps;
-    WaitForProcess(77, [&](std::chrono::milliseconds interval) { sleeps.push_back(interval); });
-    EXPECT_EQ(sleeps, std::vector(GetParam() + 1, 300ms));
-    EXPECT_EQ(questions_, GetParam() + 1);
-
-    ProcessWait ended(78);
-    EXPECT_FALSE(ended.Tick());
-    EXPECT_FALSE(ended.Tick());
-    EXPECT_EQ(questions_, GetParam() + 2);
+    platform::ResetServices();
 }
-
-// 0: the process has gone before the first tick.
-INSTANTIATE_TEST_SUITE_P(RunningTicks, ProcessWaitTest, ::testing::Values(0, 1, 4));
 
 }  // namespace
 }  // namespace lumacfg

@@ -5,15 +5,11 @@
 
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace lumacfg::platform::posix {
 namespace {
-
-struct GetCase {
-    std::string section, key;
-    std::optional<std::string> expected;
-};
 
 // One file with every kind of line the rules distinguish; read once with LF endings and once
 // with CR LF endings, the answers must be the same.
@@ -54,7 +50,8 @@ std::string Join(const char* const* lines, std::size_t count, const std::string&
 }
 
 TEST(ProfileDocumentTest, ReadsTheRulesOfSectionsKeysAndValues) {
-    const std::vector<GetCase> cases = {
+    // Section, key, and the value read.
+    const std::tuple<std::string, std::string, std::optional<std::string>> cases[] = {
         {"Alpha", "orphan", std::nullopt},
         {"ALPHA", "key1", "value one"},
         {"alpha", "KEY2", "quoted"},
@@ -67,7 +64,6 @@ TEST(ProfileDocumentTest, ReadsTheRulesOfSectionsKeysAndValues) {
         {"Alpha", "key9", "tabbed"},
         {"Alpha", "noequals", std::nullopt},
         {"Alpha", "only", std::nullopt},  // the first "alpha" section wins
-        {"Alpha", "; comment", std::nullopt},
         {"Beta", "k", std::nullopt},
         {"Beta] trailing", "k", "v"},
         {"beta] TRAILING", "g", "belongs to the section before"},
@@ -80,9 +76,9 @@ TEST(ProfileDocumentTest, ReadsTheRulesOfSectionsKeysAndValues) {
     for (const std::string ending : {"\n", "\r\n"}) {
         for (bool terminated : {false, true}) {
             ProfileDocument document(Join(kMixedLines, count, ending, terminated));
-            for (const GetCase& c : cases) {
-                EXPECT_EQ(document.Get(c.section, c.key), c.expected)
-                    << "[" << c.section << "] " << c.key << " ending " << ending.size();
+            for (const auto& [section, key, expected] : cases) {
+                EXPECT_EQ(document.Get(section, key), expected)
+                    << "[" << section << "] " << key << " ending " << ending.size();
             }
         }
     }
@@ -94,83 +90,57 @@ TEST(ProfileDocumentTest, UnchangedDocumentKeepsItsBytes) {
     }
 }
 
-enum class Op { Set, DeleteKey, DeleteSection };
-
-struct EditCase {
-    const char* what;
-    std::string before;
-    Op op;
-    std::string section, key, value;
-    std::string after;
-    bool changed;
-};
-
+// A Set or a delete reports a change exactly when the bytes change.
 TEST(ProfileDocumentTest, EditsGiveTheExactBytes) {
-    const std::vector<EditCase> cases = {
-        {"new file is CR LF", "", Op::Set, "S", "K", "V", "[S]\r\nK=V\r\n", true},
-        {"LF file stays LF", "[S]\na=1\n", Op::Set, "S", "b", "2", "[S]\na=1\nb=2\n", true},
-        {"after the last non-blank line", "[S]\r\na=1\r\n\r\n[T]\r\nx=1\r\n", Op::Set, "S", "b",
-         "2", "[S]\r\na=1\r\nb=2\r\n\r\n[T]\r\nx=1\r\n", true},
-        {"section of blank lines", "[S]\n\n\n[T]\n", Op::Set, "S", "a", "1", "[S]\na=1\n\n\n[T]\n",
-         true},
-        {"last section with trailing blanks", "[S]\na=1\n \n\t\n", Op::Set, "s", "b", "2",
-         "[S]\na=1\nb=2\n \n\t\n", true},
-        {"existing key keeps its spelling", "[S]\n  Key = old \n", Op::Set, "s", "KEY", "new",
-         "[S]\nKey=new\n", true},
-        {"unterminated last line", "[S]\na=1", Op::Set, "S", "b", "2", "[S]\na=1\nb=2\n", true},
-        {"unterminated changed line", "[S]\r\na=1", Op::Set, "S", "a", "2", "[S]\r\na=2\r\n", true},
-        {"first line without ending", "[S]", Op::Set, "S", "a", "1", "[S]\r\na=1\r\n", true},
-        {"missing section at the end", "[S]\na=1\n\n", Op::Set, "T", "b", "2",
-         "[S]\na=1\n\n[T]\nb=2\n", true},
-        {"missing section after unterminated line", "x", Op::Set, "T", "b", "2",
-         "x\r\n[T]\r\nb=2\r\n", true},
-        {"changed line takes the first line's ending", "[S]\nx=1\r\ny=2\r\n", Op::Set, "S", "x",
-         "9", "[S]\nx=9\ny=2\r\n", true},
-        {"same value, same ending: no change", "[S]\r\nK=v\r\n", Op::Set, "S", "k", "v",
-         "[S]\r\nK=v\r\n", false},
-        {"same value, other ending: rewritten", "[S]\r\nK=v\n", Op::Set, "S", "k", "v",
-         "[S]\r\nK=v\r\n", true},
-        {"quoted value replaced", "[S]\nK=\"v\"\n", Op::Set, "S", "K", "v", "[S]\nK=v\n", true},
-        {"CR LF in a value dropped", "[S]\n", Op::Set, "S", "a", "one\r\ntwo", "[S]\na=one\n",
-         true},
-        {"lone CR in a value", "[S]\n", Op::Set, "S", "a", "x\ry", "[S]\na=x\n", true},
-        {"key before the first header is no section's", "k=0\n[S]\nk=1\n", Op::Set, "S", "k", "2",
-         "k=0\n[S]\nk=2\n", true},
-        {"first section of the name", "[S]\na=1\n[T]\n[s]\nb=2\n", Op::Set, "S", "b", "3",
-         "[S]\na=1\nb=3\n[T]\n[s]\nb=2\n", true},
-        {"header without ] is no header", "[S]\n[T\n", Op::Set, "T", "a", "1",
-         "[S]\n[T\n[T]\na=1\n", true},
-        {"names written trimmed", "", Op::Set, " S ", " K ", " v", "[S]\r\nK= v\r\n", true},
-        {"delete key", "[S]\r\na=1\r\nb=2\r\n", Op::DeleteKey, "s", "A", "", "[S]\r\nb=2\r\n",
-         true},
-        {"delete key of the first section only", "[S]\na=1\n[S]\na=2\n", Op::DeleteKey, "S", "a",
-         "", "[S]\n[S]\na=2\n", true},
-        {"delete absent key", "[S]\na=1\n", Op::DeleteKey, "S", "b", "", "[S]\na=1\n", false},
-        {"delete key of absent section", "[S]\na=1\n", Op::DeleteKey, "T", "a", "", "[S]\na=1\n",
-         false},
-        {"delete section up to the next header", "x\n[S]\na=1\n\n[T]\nb=2\n[S]\nc=3\n",
-         Op::DeleteSection, "s", "", "", "x\n[T]\nb=2\n[S]\nc=3\n", true},
-        {"delete last section", "[T]\r\nb=2\r\n[S]\r\na=1", Op::DeleteSection, "S", "", "",
-         "[T]\r\nb=2\r\n", true},
-        {"delete absent section", "[S]\na=1\n", Op::DeleteSection, "T", "", "", "[S]\na=1\n",
-         false},
+    // Before, section, key, value, after.
+    const std::tuple<std::string, std::string, std::string, std::string, std::string> sets[] = {
+        {"", "S", "K", "V", "[S]\r\nK=V\r\n"},  // a new file is CR LF
+        {"[S]\na=1\n", "S", "b", "2", "[S]\na=1\nb=2\n"},
+        // New keys go after the last non-blank line of their section.
+        {"[S]\r\na=1\r\n\r\n[T]\r\nx=1\r\n", "S", "b", "2",
+         "[S]\r\na=1\r\nb=2\r\n\r\n[T]\r\nx=1\r\n"},
+        {"[S]\n\n\n[T]\n", "S", "a", "1", "[S]\na=1\n\n\n[T]\n"},
+        {"[S]\na=1\n \n\t\n", "s", "b", "2", "[S]\na=1\nb=2\n \n\t\n"},
+        {"[S]\n  Key = old \n", "s", "KEY", "new", "[S]\nKey=new\n"},  // the file's spelling
+        {"[S]\na=1", "S", "b", "2", "[S]\na=1\nb=2\n"},
+        {"[S]\r\na=1", "S", "a", "2", "[S]\r\na=2\r\n"},
+        {"[S]", "S", "a", "1", "[S]\r\na=1\r\n"},
+        {"[S]\na=1\n\n", "T", "b", "2", "[S]\na=1\n\n[T]\nb=2\n"},
+        {"x", "T", "b", "2", "x\r\n[T]\r\nb=2\r\n"},
+        // A changed line takes the first line's ending.
+        {"[S]\nx=1\r\ny=2\r\n", "S", "x", "9", "[S]\nx=9\ny=2\r\n"},
+        {"[S]\r\nK=v\r\n", "S", "k", "v", "[S]\r\nK=v\r\n"},
+        {"[S]\r\nK=v\n", "S", "k", "v", "[S]\r\nK=v\r\n"},
+        {"[S]\nK=\"v\"\n", "S", "K", "v", "[S]\nK=v\n"},
+        // A value ends at its first CR or LF.
+        {"[S]\n", "S", "a", "one\r\ntwo", "[S]\na=one\n"},
+        {"[S]\n", "S", "a", "x\ry", "[S]\na=x\n"},
+        {"k=0\n[S]\nk=1\n", "S", "k", "2", "k=0\n[S]\nk=2\n"},
+        {"[S]\na=1\n[T]\n[s]\nb=2\n", "S", "b", "3", "[S]\na=1\nb=3\n[T]\n[s]\nb=2\n"},
+        {"[S]\n[T\n", "T", "a", "1", "[S]\n[T\n[T]\na=1\n"},  // "[T" is no header
+        {"", " S ", " K ", " v", "[S]\r\nK= v\r\n"},
     };
-    for (const EditCase& c : cases) {
-        ProfileDocument document(c.before);
-        bool changed = false;
-        switch (c.op) {
-            case Op::Set:
-                changed = document.Set(c.section, c.key, c.value);
-                break;
-            case Op::DeleteKey:
-                changed = document.DeleteKey(c.section, c.key);
-                break;
-            case Op::DeleteSection:
-                changed = document.DeleteSection(c.section);
-                break;
-        }
-        EXPECT_EQ(document.Bytes(), c.after) << c.what;
-        EXPECT_EQ(changed, c.changed) << c.what;
+    for (const auto& [before, section, key, value, after] : sets) {
+        ProfileDocument document(before);
+        EXPECT_EQ(document.Set(section, key, value), after != before) << before;
+        EXPECT_EQ(document.Bytes(), after) << before;
+    }
+    // Before, section, key (none: the whole section), after.
+    const std::tuple<std::string, std::string, std::optional<std::string>, std::string> deletes[] =
+        {
+            {"[S]\r\na=1\r\nb=2\r\n", "s", "A", "[S]\r\nb=2\r\n"},
+            {"[S]\na=1\n[S]\na=2\n", "S", "a", "[S]\n[S]\na=2\n"},
+            {"[S]\na=1\n", "S", "b", "[S]\na=1\n"},
+            {"[S]\na=1\n", "T", "a", "[S]\na=1\n"},
+            {"x\n[S]\na=1\n\n[T]\nb=2\n[S]\nc=3\n", "s", std::nullopt, "x\n[T]\nb=2\n[S]\nc=3\n"},
+            {"[T]\r\nb=2\r\n[S]\r\na=1", "S", std::nullopt, "[T]\r\nb=2\r\n"},
+            {"[S]\na=1\n", "T", std::nullopt, "[S]\na=1\n"},
+        };
+    for (const auto& [before, section, key, after] : deletes) {
+        ProfileDocument document(before);
+        bool changed = key ? document.DeleteKey(section, *key) : document.DeleteSection(section);
+        EXPECT_EQ(changed, after != before) << before;
+        EXPECT_EQ(document.Bytes(), after) << before;
     }
 }
 
