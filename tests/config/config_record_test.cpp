@@ -11,36 +11,29 @@ using testing_support::RegistryText;
 using testing_support::TempStation;
 using testing_support::WriteBytes;
 
-class ConfigRecordTest : public TempStation {
-  protected:
-    void SetHardWare(const std::string& valueLine) {
-        WriteBytes(RegistryPath(), RegistryText(valueLine));
-    }
-};
+using ConfigRecordTest = TempStation;
 
 TEST_F(ConfigRecordTest, InstrumentModelAndFirstLinkFollowTheRegistry) {
-    // The value line under the data system's key, the model and the first link.
-    const std::tuple<std::string, Int16, std::string> cases[] = {
+    // The value line under the data system's key (none: no such key), the model and the first
+    // link.
+    const std::tuple<std::optional<std::string>, Int16, std::string> cases[] = {
         {"\"HardWare\"=dword:00000001\r\n", 1, "gx40110,20"},
         {"\"HardWare\"=dword:00000002\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"\"HardWare\"=dword:ffffffff\r\n", 0, "gx40110,20"},
         {"\"HardWare\"=dword:00000007\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"\"HardWare\"=\"1\"\r\n", 2, "lan[192.168.1.128]:brenmarkib,0"},
         {"", 2, "lan[192.168.1.128]:brenmarkib,0"},
+        {std::nullopt, 2, "lan[192.168.1.128]:brenmarkib,0"},
     };
     for (const auto& [hardWare, model, link1] : cases) {
-        SCOPED_TRACE(hardWare);
-        SetHardWare(hardWare);
+        SCOPED_TRACE(hardWare.value_or("no key"));
+        WriteBytes(RegistryPath(),
+                   hardWare ? RegistryText(*hardWare) : "Windows Registry Editor Version 5.00\r\n");
         SetDefaults();
         EXPECT_EQ(Config().ICPMS_TYPE, model);
         EXPECT_EQ(Config().LINK_STRING[0], link1);
         EXPECT_EQ(Config().LINK_STRING[1], "COM1,488");
     }
-}
-
-TEST_F(ConfigRecordTest, MissingDataSystemKeyGivesTheLanModel) {
-    WriteBytes(RegistryPath(), "Windows Registry Editor Version 5.00\r\n");
-    EXPECT_EQ(InstrumentModelFromRegistry(), 2);
 }
 
 TEST_F(ConfigRecordTest, DefaultsBuildTheRootPathsAndTables) {
@@ -54,7 +47,6 @@ TEST_F(ConfigRecordTest, DefaultsBuildTheRootPathsAndTables) {
     EXPECT_EQ((std::array<Int16, 5>{1, 2, 0, 0, 0}), r.LINK_USED);
     EXPECT_EQ(r.DEVICE_USED[0], 1);
     EXPECT_EQ(r.DEVICE_NAME[0], "SMARTCARD");
-    EXPECT_EQ((std::array<Int16, 11>{14, 16, 17, 18, 19, 32, 36, 38, 40, 41, 0}), r.INHIBIT_MASS);
     EXPECT_EQ(r.SECURITY, 1);
     EXPECT_EQ(r.ALWAYSPRT, -1);
     EXPECT_FLOAT_EQ(r.OPT_CHG_FLW, 0.20F);

@@ -86,21 +86,17 @@ TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
     }
 }
 
-TEST_F(StartUpTest, ANewStationIsCreatedAndItsRunTypePrepared) {
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
-    EXPECT_EQ(ReadSingleValue("WSX", "Applications"), "ICPMS");
-    EXPECT_EQ(ReadSingleValue("WSX,1", "INSTNAME"), "CRVQ70 - Instrument1");  // registry model 1
-    EXPECT_EQ(ReadBytes(ProgramDir() / "runtype.ini"),
-              "[Keywords]\r\nKeywords=A\r\n[ERRORACTION]\r\nError1=13,Reslope-NextSmpl\r\n");
-    EXPECT_EQ(ReadConfigurationID(), 1);
-}
-
-TEST_F(StartUpTest, AProfileWithoutApplicationsIsOverwrittenWithDefaults) {
+// A profile whose "[WSX]" lacks "Applications" (or no profile at all) makes a new station.
+TEST_F(StartUpTest, AProfileWithoutApplicationsIsOverwrittenByANewStation) {
     WriteBytes(StationProfile(), "[WSX]\r\nPath=X\r\n[WSX,1]\r\nALS_TYPE=5\r\nDSS_LOAD=77\r\n");
     ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
     EXPECT_EQ(Config().ALS_TYPE, 0);
     EXPECT_EQ(ReadSingleValue("WSX,1", "DSS_LOAD"), "10");
     EXPECT_EQ(ReadSingleValue("WSX", "Path"), Root());
+    EXPECT_EQ(ReadSingleValue("WSX", "Applications"), "ICPMS");
+    EXPECT_EQ(ReadBytes(ProgramDir() / "runtype.ini"),
+              "[Keywords]\r\nKeywords=A\r\n[ERRORACTION]\r\nError1=13,Reslope-NextSmpl\r\n");
+    EXPECT_EQ(ReadConfigurationID(), 1);
 }
 
 TEST_F(StartUpTest, LogonOnlyForAnInteractiveStartWithSecurity) {

@@ -54,13 +54,6 @@ TEST_F(HostPathTest, BackslashesAndCaseAreResolved) {
     ASSERT_EQ(::chdir(cwd.c_str()), 0);
 }
 
-TEST(JoinPathTest, ExactlyOneBackslash) {
-    EXPECT_EQ(JoinPath("C:\\Luma\\LUMAEXE", "lumagen.ist"), "C:\\Luma\\LUMAEXE\\lumagen.ist");
-    EXPECT_EQ(JoinPath("C:\\Luma\\LUMAEXE\\", "lumagen.ist"), "C:\\Luma\\LUMAEXE\\lumagen.ist");
-    EXPECT_EQ(JoinPath("/opt/luma/", "lumagen.ist"), "/opt/luma/lumagen.ist");
-    EXPECT_EQ(JoinPath("/opt/luma", "custrack.ini"), "/opt/luma\\custrack.ini");
-}
-
 TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {
     ScopedEnv programDir("LUMACFG_PROGRAM_DIR");
     const std::pair<std::string, std::string> cases[] = {

@@ -43,27 +43,15 @@ Display* OpenDisplay() {
     return nullptr;
 }
 
-// The tests look at every top-level window of the display: one test at a time on it, across
-// the processes that run tests in parallel.
-class DisplayLock {
-  public:
-    DisplayLock() : fd_(open("/tmp/lumacfg-x11-tests.lock", O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
-        if (fd_ >= 0) flock(fd_, LOCK_EX);
-    }
-    ~DisplayLock() {
-        if (fd_ >= 0) close(fd_);
-    }
-
-  private:
-    int fd_;
-};
-
 class X11WindowsTest : public ::testing::Test {
   protected:
     void SetUp() override {
         const char* name = std::getenv("DISPLAY");
         if (name == nullptr || *name == '\0') GTEST_SKIP() << "no X display";
-        lock_.emplace();
+        // The tests look at every top-level window of the display: one test at a time on it,
+        // across the processes that run tests in parallel.
+        lockFd_ = open("/tmp/lumacfg-x11-tests.lock", O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+        if (lockFd_ >= 0) flock(lockFd_, LOCK_EX);
         display_ = OpenDisplay();
         ASSERT_NE(display_, nullptr) << "the X display " << name << " cannot be opened";
         root_ = DefaultRootWindow(display_);
@@ -73,12 +61,14 @@ class X11WindowsTest : public ::testing::Test {
 
     void TearDown() override {
         ResetServices();
-        if (display_ == nullptr) return;
-        // Newest first: a window attached to an older one goes before its new parent.
-        for (auto it = created_.rbegin(); it != created_.rend(); ++it)
-            XDestroyWindow(display_, *it);
-        XDeleteProperty(display_, root_, XInternAtom(display_, "_NET_WORKAREA", False));
-        XCloseDisplay(display_);
+        if (display_ != nullptr) {
+            // Newest first: a window attached to an older one goes before its new parent.
+            for (auto it = created_.rbegin(); it != created_.rend(); ++it)
+                XDestroyWindow(display_, *it);
+            XDeleteProperty(display_, root_, XInternAtom(display_, "_NET_WORKAREA", False));
+            XCloseDisplay(display_);
+        }
+        if (lockFd_ >= 0) close(lockFd_);
     }
 
     Window Create(const std::string& className, Caption caption = {}, Window parent = 0,
@@ -114,7 +104,7 @@ class X11WindowsTest : public ::testing::Test {
         XSync(display_, False);
     }
 
-    std::optional<DisplayLock> lock_;
+    int lockFd_ = -1;
     Display* display_ = nullptr;
     Window root_ = 0;
     std::vector<Window> created_;

@@ -20,20 +20,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-// Texts of every kind the table holds: the first and last numbers, texts the windows compare
-// against, a line break, an apostrophe and a trailing blank.
-const std::pair<int, const char*> kTexts[] = {
-    {1, "MS Sans Serif"},
-    {110, "Could not get OPAL Application Name. - "},
-    {119, "Don't Use"},
-    {167,
-     "Invalid rack is specified for the current tray type.\n"
-     "Width of the rack might be wrong."},
-    {400, "ASX500 for ETV"},
-    {502, "Sampling Depth(0.125mm Step)"},
-    {631, "Must specify the folder on VLT server."},
-};
-
 TEST(ResourceTextTest, TextsAndEscapes) {
     // One line of a file, without its line end, and the text it gives for number 7.
     const std::pair<std::string_view, std::string> cases[] = {
@@ -94,6 +80,20 @@ TEST(ResourceTextTest, FaultyLinesAreReported) {
         }
     }
 }
+
+// Texts of every kind the table holds: the first and last numbers, texts the windows compare
+// against, a line break, an apostrophe and a trailing blank.
+const std::pair<int, const char*> kTexts[] = {
+    {1, "MS Sans Serif"},
+    {110, "Could not get OPAL Application Name. - "},
+    {119, "Don't Use"},
+    {167,
+     "Invalid rack is specified for the current tray type.\n"
+     "Width of the rack might be wrong."},
+    {400, "ASX500 for ETV"},
+    {502, "Sampling Depth(0.125mm Step)"},
+    {631, "Must specify the folder on VLT server."},
+};
 
 TEST(StringTableTest, NumbersGiveTheirTexts) {
     for (const auto& [id, text] : kTexts) EXPECT_EQ(LoadResString(id), text) << "string " << id;
