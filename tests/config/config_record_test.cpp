@@ -104,7 +104,6 @@ TEST_F(ConfigRecordTest, AddDeviceTakesTheFirstFreeEntryAndTheLinkOfItsKind) {
     EXPECT_EQ(Config().DEVICE_NAME, before);
     ASSERT_EQ(messages_.size(), 1U);
     EXPECT_EQ(messages_[0].text, "Could not add device for V-AS");
-    EXPECT_EQ(messages_[0].title, "ICP-MS Configuration");
     EXPECT_EQ(messages_[0].icon, platform::MessageIcon::Exclamation);
 }
 

@@ -99,28 +99,23 @@ TEST_F(LoadSaveTest, FallbacksAndClamps) {
 
 // VLT integration, enabled in the registry throughout, is off whenever security is.
 TEST_F(LoadSaveTest, SecurityAlwaysPrintAndVltFromTheIdentifier) {
-    struct Case {
-        std::string identifier;  // value line, "" for none
-        std::string alwaysPrint;
-        Int16 security, printing;
-    };
-    const Case cases[] = {
+    // The stored identifier ("" for none), the lines of "[WSX,1]", and the two flags loaded.
+    const std::tuple<std::string, std::string, Int16, Int16> cases[] = {
         {"dword:0890f76f", "", 1, -1},  {"dword:0890f76f", "_ALWAYSPRT=0\r\n", 1, 0},
         {"dword:0890f76e", "", 0, 0},   {"dword:0890f76e", "_ALWAYSPRT=1\r\n", 0, 0},
         {"dword:0890f76d", "", -1, 0},  {"dword:0890f76d", "_ALWAYSPRT=1\r\n", -1, -1},
         {"", "_ALWAYSPRT=1\r\n", 0, 0}, {"dword:0890f76f", "_ALWAYSPRT=yes\r\n", 1, -1},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.identifier + " " + c.alwaysPrint);
-        std::string value =
-            c.identifier.empty() ? "" : "\"ConfigurationID\"=" + c.identifier + "\r\n";
+    for (const auto& [identifier, alwaysPrint, security, printing] : cases) {
+        SCOPED_TRACE(identifier + " " + alwaysPrint);
+        std::string value = identifier.empty() ? "" : "\"ConfigurationID\"=" + identifier + "\r\n";
         WriteBytes(RegistryPath(), testing_support::RegistryText(
                                        value + "\"EnableVLTIntegration\"=dword:00000001\r\n"));
-        WriteStation(c.alwaysPrint);
+        WriteStation(alwaysPrint);
         LoadConfiguration();
-        EXPECT_EQ(Config().SECURITY, c.security);
-        EXPECT_EQ(Config().ALWAYSPRT, c.printing);
-        EXPECT_EQ(Config().VLT_ENABLED, c.security == 0 ? 0 : 1);
+        EXPECT_EQ(Config().SECURITY, security);
+        EXPECT_EQ(Config().ALWAYSPRT, printing);
+        EXPECT_EQ(Config().VLT_ENABLED, security == 0 ? 0 : 1);
     }
 }
 

@@ -75,19 +75,11 @@ TEST_F(ProfileOperationsTest, SingleValuesAndGeneralReads) {
     EXPECT_EQ(value, "");
 }
 
-TEST_F(ProfileOperationsTest, WritesGoToTheProgramDirectoryOncePerBatch) {
+TEST_F(ProfileOperationsTest, WritesGoToTheStationProfileAndFailOnAReadOnlyOne) {
     EXPECT_NE(ProfileDelete("WSX", "ALS_TYPE"), 0);
     EXPECT_FALSE(fs::exists(dir_ / "lumagen.ist"));
     EXPECT_NE(ProfileSet("WSX", "ALS_TYPE", "1"), 0);
-    {
-        ProfileBatch batch;
-        EXPECT_NE(ProfileSet("wsx", "als_type", "2"), 0);
-        EXPECT_NE(ProfileSet("WSX_32", "_QCMDPATH$", "C:\\QC\\"), 0);
-        EXPECT_NE(ProfileDelete("WSX", "MISSING"), 0);
-        EXPECT_EQ(ReadSingleValue("WSX", "ALS_TYPE"), "2");
-        EXPECT_EQ(Station(), "[WSX]\r\nALS_TYPE=1\r\n");
-    }
-    EXPECT_EQ(Station(), "[WSX]\r\nALS_TYPE=2\r\n[WSX_32]\r\n_QCMDPATH$=C:\\QC\\\r\n");
+    EXPECT_EQ(Station(), "[WSX]\r\nALS_TYPE=1\r\n");
     fs::permissions(dir_ / "lumagen.ist", fs::perms::owner_read | fs::perms::group_read);
     EXPECT_EQ(ProfileSet("WSX", "ALS_TYPE", "3"), 0);
     EXPECT_EQ(ProfileDelete("WSX", "ALS_TYPE"), 0);

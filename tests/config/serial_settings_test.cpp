@@ -17,8 +17,8 @@ using testing_support::ReadBytes;
 using testing_support::TempStation;
 using testing_support::WriteBytes;
 
-class SerialSettingsTest : public TempStation {};
-using OpalChannelFilesTest = SerialSettingsTest;
+using SerialSettingsTest = TempStation;
+using OpalChannelFilesTest = TempStation;
 
 const std::string kHead = "Windows Registry Editor Version 5.00\r\n\r\n";
 const std::string kPorts =
@@ -27,25 +27,22 @@ const std::string kPorts =
 const std::string kOther = "\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n\"COM2:\"=\"keep\"\r\n";
 
 TEST_F(SerialSettingsTest, ResetsThePortThenWritesTheAutosamplerPort) {
-    struct Case {
-        Int16 alsType, mpm, comPort, resetPort;
-        std::string values;  // of the Ports key afterwards, after COM1:
-    };
-    const Case cases[] = {
+    // ALS_TYPE, _MPM, COM_PORT, the port to reset, and the Ports key's values after COM1:.
+    const std::tuple<Int16, Int16, Int16, Int16, std::string> cases[] = {
         {5, 0, 2, 2, "\"COM2:\"=\"9600,o,7,1\"\r\n"},
         {5, 1, 2, 0, "\"COM2:\"=\"9600,n,8,1\"\r\n"},
         {4, 0, 3, 2, "\"COM2:\"=\"9600,n,8,1\"\r\n\"COM3:\"=\"9600,n,8,1\"\r\n"},
         {0, 0, 3, 4, "\"COM4:\"=\"9600,n,8,1\"\r\n"},
         {0, 0, 3, 0, ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [alsType, mpm, comPort, resetPort, values] : cases) {
         WriteBytes(RegistryPath(), kHead + kPorts + kOther);
-        Config().ALS_TYPE = c.alsType;
-        Config().MPM = c.mpm;
-        Config().COM_PORT = c.comPort;
-        Config().RESET_COM_PORT = c.resetPort;
-        EXPECT_EQ(WriteComPortSettings(), 0) << c.values;
-        EXPECT_EQ(ReadBytes(RegistryPath()), kHead + kPorts + c.values + kOther);
+        Config().ALS_TYPE = alsType;
+        Config().MPM = mpm;
+        Config().COM_PORT = comPort;
+        Config().RESET_COM_PORT = resetPort;
+        EXPECT_EQ(WriteComPortSettings(), 0) << values;
+        EXPECT_EQ(ReadBytes(RegistryPath()), kHead + kPorts + values + kOther);
     }
     // Without the Ports key only a configured autosampler is a failure.
     WriteBytes(RegistryPath(), kHead + kOther);
@@ -56,12 +53,8 @@ TEST_F(SerialSettingsTest, ResetsThePortThenWritesTheAutosamplerPort) {
 }
 
 TEST_F(OpalChannelFilesTest, SettingsLinesOfEveryFileAreOverwrittenFromTheirStart) {
-    struct Case {
-        std::string before;
-        bool odd;
-        std::string after;
-    };
-    const Case cases[] = {
+    // A channel file's bytes, the parity asked for, and the bytes afterwards.
+    const std::tuple<std::string, bool, std::string> cases[] = {
         {"chn1 x\r\n", true, "Chn1\t9600\tO\t7\t1\r\n"},
         {"CHN1\t19200\tN\t8\t1\t; port A\r\n", true, "Chn1\t9600\tO\t7\t11\t; port A\r\n"},
         {"com:set 1,19200,O,7,1 ;A\r\n", false, "COM:SET 1,9600,N,8,11 ;A\r\n"},
@@ -72,13 +65,13 @@ TEST_F(OpalChannelFilesTest, SettingsLinesOfEveryFileAreOverwrittenFromTheirStar
     const fs::path opal = root_ / "1" / "OPAL";
     WriteBytes(root_ / "1" / "OUTSIDE.CHN", "chn1\r\n");
     WriteBytes(opal / "SUB" / "INSIDE.CHN", "chn1\r\n");
-    for (const Case& c : cases) {
-        WriteBytes(opal / "APP.CHN", c.before);
+    for (const auto& [before, odd, after] : cases) {
+        WriteBytes(opal / "APP.CHN", before);
         WriteBytes(opal / "b.chn", "x\r\ncom:set 1\r\n");
-        UpdateOpalChannelFiles(c.odd);
-        EXPECT_EQ(ReadBytes(opal / "APP.CHN"), c.after) << c.before;
+        UpdateOpalChannelFiles(odd);
+        EXPECT_EQ(ReadBytes(opal / "APP.CHN"), after) << before;
         EXPECT_EQ(ReadBytes(opal / "b.chn"),
-                  c.odd ? "x\r\nCOM:SET 1,9600,O,7,1\r\n" : "x\r\nCOM:SET 1,9600,N,8,1\r\n");
+                  odd ? "x\r\nCOM:SET 1,9600,O,7,1\r\n" : "x\r\nCOM:SET 1,9600,N,8,1\r\n");
     }
     EXPECT_EQ(ReadBytes(root_ / "1" / "OUTSIDE.CHN"), "chn1\r\n");
     EXPECT_EQ(ReadBytes(opal / "SUB" / "INSIDE.CHN"), "chn1\r\n");

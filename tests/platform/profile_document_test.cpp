@@ -84,12 +84,6 @@ TEST(ProfileDocumentTest, ReadsTheRulesOfSectionsKeysAndValues) {
     }
 }
 
-TEST(ProfileDocumentTest, UnchangedDocumentKeepsItsBytes) {
-    for (const std::string bytes : {"", "\n", "x", "[S]\r\na=1\n\r\n b = 2 ", "\r\n\r\n[S]"}) {
-        EXPECT_EQ(ProfileDocument(bytes).Bytes(), bytes);
-    }
-}
-
 // A Set or a delete reports a change exactly when the bytes change.
 TEST(ProfileDocumentTest, EditsGiveTheExactBytes) {
     // Before, section, key, value, after.
