@@ -13,6 +13,8 @@ run_tests() {
     fi
 }
 
+scripts/check-layers.sh
+
 scripts/setup.sh build/release -DLUMACFG_WERROR=ON
 run_tests build/release
 

@@ -1,11 +1,11 @@
 #include "config/config_record.h"
 
-#include "config/numbers.h"
+#include "base/numbers.h"
+#include "config/configuration_id.h"
 #include "config/profile.h"
 #include "integration/vlt_settings.h"
 #include "platform/services.h"
 #include "resources/string_table.h"
-#include "ui/autosampler/configuration_id.h"
 
 namespace lumacfg {
 namespace {

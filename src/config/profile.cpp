@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/numbers.h"
+#include "base/numbers.h"
 #include "platform/services.h"
 
 namespace lumacfg {
@@ -46,10 +46,6 @@ int ReadProfileValue(std::string_view section, std::string_view key, std::string
     auto read = platform::Profiles().GetString(file, section, key, defaultText, kSize);
     value = read.count < 1 ? std::string{} : read.text.substr(0, read.text.find('\0'));
     return AnsiByteLength(value);
-}
-
-int AnsiByteLength(std::string_view text) {
-    return static_cast<int>(text.size());
 }
 
 int SplitList(std::string_view text, std::span<std::string> list, std::string_view delimiter) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/text.h"
+
 namespace lumacfg {
 
 inline constexpr std::string_view kStationProfile = "lumagen.ist";
@@ -35,10 +37,6 @@ std::optional<std::string> ReadSingleValue(std::string_view section, std::string
 // its first NUL ("" when nothing came back). Returns AnsiByteLength(value).
 int ReadProfileValue(std::string_view section, std::string_view key, std::string_view defaultText,
                      std::string& value, std::string_view file);
-
-// Number of bytes of the text in the ANSI code page. Texts in the core already are
-// code-page bytes, so this is their size.
-int AnsiByteLength(std::string_view text);
 
 // Splits text at delimiter into list[0..U-1] (list.size() is U+1; the last slot is never
 // filled). Returns the number of entries filled.

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "config/numbers.h"
+#include "base/numbers.h"
 
 namespace lumacfg {
 namespace {

@@ -4,8 +4,8 @@
 #include <span>
 #include <string>
 
+#include "base/numbers.h"
 #include "config/config_record.h"
-#include "config/numbers.h"
 #include "config/profile.h"
 #include "platform/services.h"
 

@@ -2,11 +2,11 @@
 
 #include <string>
 
+#include "base/numbers.h"
 #include "config/config_record.h"
-#include "config/numbers.h"
+#include "config/configuration_id.h"
 #include "config/profile.h"
 #include "integration/vlt_settings.h"
-#include "ui/autosampler/configuration_id.h"
 
 namespace lumacfg {
 namespace {

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/numbers.h"
+#include "base/text.h"
 #include "config/config_record.h"
-#include "config/numbers.h"
-#include "config/text.h"
 #include "platform/services.h"
 
 namespace lumacfg {

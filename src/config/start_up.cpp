@@ -2,9 +2,10 @@
 
 #include <array>
 
+#include "base/numbers.h"
 #include "config/config_record.h"
+#include "config/configuration_id.h"
 #include "config/load_configuration.h"
-#include "config/numbers.h"
 #include "config/profile.h"
 #include "config/run_type.h"
 #include "config/save_configuration.h"
@@ -12,9 +13,8 @@
 #include "integration/help.h"
 #include "integration/running_programs.h"
 #include "platform/services.h"
+#include "racks/custom_racks.h"
 #include "resources/string_table.h"
-#include "ui/autosampler/configuration_id.h"
-#include "ui/autosampler/custom_racks.h"
 
 namespace lumacfg {
 namespace {

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "config/numbers.h"
-#include "config/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "platform/services.h"
 
 namespace lumacfg {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/text.h"
+#include "base/text.h"
 #include "integration/vlt_settings.h"
 #include "platform/services.h"
 

@@ -13,9 +13,9 @@
 namespace lumacfg {
 namespace {
 
-using testing_support::ReadBytes;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::ReadBytes;
+using support::TempStation;
+using support::WriteBytes;
 
 class LoadSaveTest : public TempStation {
   protected:
@@ -109,8 +109,8 @@ TEST_F(LoadSaveTest, SecurityAlwaysPrintAndVltFromTheIdentifier) {
     for (const auto& [identifier, alwaysPrint, security, printing] : cases) {
         SCOPED_TRACE(identifier + " " + alwaysPrint);
         std::string value = identifier.empty() ? "" : "\"ConfigurationID\"=" + identifier + "\r\n";
-        WriteBytes(RegistryPath(), testing_support::RegistryText(
-                                       value + "\"EnableVLTIntegration\"=dword:00000001\r\n"));
+        WriteBytes(RegistryPath(),
+                   support::RegistryText(value + "\"EnableVLTIntegration\"=dword:00000001\r\n"));
         WriteStation(alwaysPrint);
         LoadConfiguration();
         EXPECT_EQ(Config().SECURITY, security);

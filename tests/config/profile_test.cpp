@@ -16,10 +16,10 @@ namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::ReadBytes;
-using testing_support::ScopedEnv;
-using testing_support::TempDir;
-using testing_support::WriteBytes;
+using support::ReadBytes;
+using support::ScopedEnv;
+using support::TempDir;
+using support::WriteBytes;
 
 class ProfileOperationsTest : public ::testing::Test {
   protected:

@@ -12,9 +12,9 @@ namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::ReadBytes;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::ReadBytes;
+using support::TempStation;
+using support::WriteBytes;
 
 // A station whose QC mode is "GENERAL.QCC".
 class RunTypeTest : public TempStation {

@@ -13,9 +13,9 @@ namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::ReadBytes;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::ReadBytes;
+using support::TempStation;
+using support::WriteBytes;
 
 using SerialSettingsTest = TempStation;
 using OpalChannelFilesTest = TempStation;

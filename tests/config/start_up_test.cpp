@@ -2,18 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include "config/configuration_id.h"
 #include "config/profile.h"
 #include "support/fake_desktop.h"
 #include "support/temp_station.h"
-#include "ui/autosampler/configuration_id.h"
 
 namespace lumacfg {
 namespace {
 
-using testing_support::ReadBytes;
-using testing_support::RegistryText;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::ReadBytes;
+using support::RegistryText;
+using support::TempStation;
+using support::WriteBytes;
 
 // Answers the logon as told and leaves the group behind, as the logon library does.
 class ScriptedLogon final : public platform::LogonService {
@@ -56,9 +56,9 @@ TEST(RootPath, LosesAsManyCharactersAsTheProgramFolderName) {
 }
 
 TEST_F(StartUpTest, ARunningDataSystemIsAnnouncedAndEndsTheProgram) {
-    testing_support::FakeDesktop desktop;
+    support::FakeDesktop desktop;
     desktop.windows[7] = {"QRN LUMAGEN Class", ""};
-    platform::SetWindows(std::make_unique<testing_support::FakeWindows>(desktop));
+    platform::SetWindows(std::make_unique<support::FakeWindows>(desktop));
     EXPECT_FALSE(StartUp({}));
     ASSERT_EQ(messages_.size(), 1U);
     EXPECT_EQ(messages_[0].text, "Exit Plasmasuite.");

@@ -14,10 +14,10 @@
 namespace lumacfg {
 namespace {
 
+using support::FakeDesktop;
+using support::FakeWindows;
 using ::testing::IsEmpty;
 using ::testing::PrintToString;
-using testing_support::FakeDesktop;
-using testing_support::FakeWindows;
 
 constexpr WindowHandle kDialog = 7, kOwner = 58;
 constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();

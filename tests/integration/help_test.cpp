@@ -13,12 +13,12 @@
 namespace lumacfg {
 namespace {
 
+using support::RegistryText;
+using support::ScopedEnv;
+using support::TempStation;
+using support::WriteBytes;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using testing_support::RegistryText;
-using testing_support::ScopedEnv;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
 
 // Each call to the help viewers as "viewer window 'file' command data".
 class RecordingHelpViewer final : public platform::HelpViewer {

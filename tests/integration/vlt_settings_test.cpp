@@ -7,9 +7,9 @@
 namespace lumacfg {
 namespace {
 
-using testing_support::RegistryText;
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::RegistryText;
+using support::TempStation;
+using support::WriteBytes;
 
 class VltSettingsTest : public TempStation {
   protected:

@@ -14,9 +14,9 @@ namespace lumacfg::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::ScopedEnv;
-using testing_support::TempDir;
-using testing_support::WriteBytes;
+using support::ScopedEnv;
+using support::TempDir;
+using support::WriteBytes;
 
 class HostPathTest : public ::testing::Test {
   protected:

@@ -15,8 +15,8 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
-using testing_support::ReadBytes;
-using testing_support::TempDir;
+using support::ReadBytes;
+using support::TempDir;
 
 // How long the process goes on running, as seen by `service` (at most five seconds).
 Clock::duration RunTime(ProcessService& service, ProcessId id) {

@@ -26,8 +26,8 @@ namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::TempDir;
-using testing_support::WriteBytes;
+using support::TempDir;
+using support::WriteBytes;
 
 class ProfileServiceTest : public ::testing::Test {
   protected:

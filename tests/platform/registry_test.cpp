@@ -19,9 +19,9 @@ namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
-using testing_support::ScopedEnv;
-using testing_support::TempDir;
-using testing_support::WriteBytes;
+using support::ScopedEnv;
+using support::TempDir;
+using support::WriteBytes;
 
 constexpr const char* kKey = "SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion";
 

@@ -111,7 +111,7 @@ TEST(StringTableTest, CaptionBlocksByName) {
 }
 
 std::string ReadSourceFile(const std::string& name) {
-    return testing_support::ReadBytes(std::string(LUMACFG_SOURCE_DIR) + "/src/resources/" + name)
+    return support::ReadBytes(std::string(LUMACFG_SOURCE_DIR) + "/src/resources/" + name)
         .value_or("");
 }
 

@@ -9,7 +9,7 @@
 
 #include "platform/windows.h"
 
-namespace lumacfg::testing_support {
+namespace lumacfg::support {
 
 using platform::Rect;
 using platform::WindowHandle;
@@ -74,4 +74,4 @@ class FakeWindows final : public platform::WindowService {
     FakeDesktop& d_;
 };
 
-}  // namespace lumacfg::testing_support
+}  // namespace lumacfg::support

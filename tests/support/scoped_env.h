@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace lumacfg::testing_support {
+namespace lumacfg::support {
 
 class ScopedEnv {
   public:
@@ -33,4 +33,4 @@ class ScopedEnv {
     std::optional<std::string> old_;
 };
 
-}  // namespace lumacfg::testing_support
+}  // namespace lumacfg::support

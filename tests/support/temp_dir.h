@@ -13,7 +13,7 @@
 #include <string>
 #include <system_error>
 
-namespace lumacfg::testing_support {
+namespace lumacfg::support {
 
 namespace fs = std::filesystem;
 
@@ -56,4 +56,4 @@ class TempDir {
     fs::path path_;
 };
 
-}  // namespace lumacfg::testing_support
+}  // namespace lumacfg::support

@@ -15,7 +15,7 @@
 #include "support/scoped_env.h"
 #include "support/temp_dir.h"
 
-namespace lumacfg::testing_support {
+namespace lumacfg::support {
 
 namespace fs = std::filesystem;
 
@@ -90,4 +90,4 @@ class TempStation : public ::testing::Test {
     std::vector<platform::MessageRequest> messages_;
 };
 
-}  // namespace lumacfg::testing_support
+}  // namespace lumacfg::support

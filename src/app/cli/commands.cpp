@@ -9,7 +9,7 @@
 #include "config/record_fields.h"
 #include "config/start_up.h"
 #include "platform/services.h"
-#include "ui/autosampler/custom_racks.h"
+#include "racks/custom_racks.h"
 
 namespace lumacfg::cli {
 namespace {

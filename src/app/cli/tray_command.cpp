@@ -1,7 +1,7 @@
 #include "app/cli/tray_command.h"
 
-#include "ui/autosampler/custom_racks.h"
-#include "ui/autosampler/tray_report.h"
+#include "app/cli/tray_report.h"
+#include "racks/custom_racks.h"
 
 namespace lumacfg::cli {
 

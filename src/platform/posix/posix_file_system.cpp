@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "config/text.h"
+#include "base/text.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <map>
 
-#include "config/text.h"
+#include "base/text.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/posix/profile_document.h"

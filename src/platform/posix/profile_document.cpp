@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/text.h"
+#include "base/text.h"
 
 namespace lumacfg::platform::posix {
 namespace {

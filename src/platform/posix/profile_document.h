@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "config/text.h"
+#include "base/text.h"
 
 namespace lumacfg::platform::posix {
 

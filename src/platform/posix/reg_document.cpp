@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "config/text.h"
+#include "base/text.h"
 
 namespace lumacfg::platform::posix {
 namespace {

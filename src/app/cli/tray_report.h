@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-#include "ui/autosampler/custom_racks.h"
+#include "racks/custom_racks.h"
 
 namespace lumacfg {
 

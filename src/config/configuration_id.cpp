@@ -1,4 +1,4 @@
-#include "ui/autosampler/configuration_id.h"
+#include "config/configuration_id.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,10 +1,8 @@
-#include "ui/file/path_utils.h"
+#include "base/path_utils.h"
 
 #include <algorithm>
 
-#include "config/profile.h"
-#include "config/text.h"
-#include "platform/services.h"
+#include "base/text.h"
 
 namespace lumacfg {
 namespace {
@@ -43,9 +41,8 @@ std::string DefaultExtension(std::string_view pattern) {
     return AnsiUpper(pattern.substr(dot));
 }
 
-MakePathResult Probe(std::string path) {
-    const bool exists = platform::Files().Exists(path);
-    return {exists ? PathStatus::Exists : PathStatus::Missing, std::move(path)};
+MakePathResult Probe(std::string path, const PathProbe& exists) {
+    return {exists(path) ? PathStatus::Exists : PathStatus::Missing, std::move(path)};
 }
 
 // The name part SameExt compares: what follows the parent directory when there is a "\".
@@ -95,14 +92,15 @@ bool LongFileName(std::string_view path) {
     return name.size() - dot - 1 >= 4;
 }
 
-MakePathResult MakePath(std::string_view name, std::string_view dir, const FileFormSettings& form) {
+MakePathResult MakePath(std::string_view name, std::string_view dir, const PathProbe& exists,
+                        const FileFormSettings& form) {
     const std::string joined = Joined(dir, name);
     if (HasWildcard(joined)) return {PathStatus::Invalid, {}};
-    if (Contains(name, ':')) return Probe(std::string(name));
+    if (Contains(name, ':')) return Probe(std::string(name), exists);
     const std::string extension = DefaultExtension(form.defaultPattern);
-    if (AnsiUpper(Right(name, extension.size())) == extension) return Probe(joined);
+    if (AnsiUpper(Right(name, extension.size())) == extension) return Probe(joined, exists);
     if (HasWildcard(extension) || Contains(name, kSeparator)) return {PathStatus::Invalid, {}};
-    return Probe(joined + extension);
+    return Probe(joined + extension, exists);
 }
 
 bool SameExt(std::string_view file, std::string_view pattern, const FileFormSettings& form) {

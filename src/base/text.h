@@ -41,4 +41,8 @@ std::string_view CutAtNul(std::string_view text);
 // The text without leading and trailing spaces.
 std::string_view TrimSpaces(std::string_view text);
 
+// Number of bytes of the text in the ANSI code page. Texts in the core already are
+// code-page bytes, so this is their size.
+int AnsiByteLength(std::string_view text);
+
 }  // namespace lumacfg

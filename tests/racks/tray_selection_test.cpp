@@ -1,12 +1,12 @@
 // The tray selection of "[CURRENT]": loading, the rack-on-tray rule and the rewrite; the
 // lookups between ids and display names.
-#include "ui/autosampler/custom_racks.h"
-#include "ui/autosampler/custrack_fixture.h"
+#include "racks/custom_racks.h"
+#include "racks/custrack_fixture.h"
 
 namespace lumacfg {
 namespace {
 
-using testing::Ini;
+using support::Ini;
 
 // The tray id, then the racks of positions 1, 2, ...
 TraySelection Selection(std::initializer_list<std::int16_t> trayAndRacks) {
@@ -18,16 +18,16 @@ TraySelection Selection(std::initializer_list<std::int16_t> trayAndRacks) {
 const TraySelection kDefault = Selection({0, 21, 60, 60, 60});
 const TraySelection kNone = Selection({-1});
 
-class TraySelectionTest : public testing::CustrackTest {
+class TraySelectionTest : public support::CustrackTest {
   protected:
     // Racks 1000 and 1001 are sound, 1002 lacks VIAL_DEPTH, 1003 holds 1000 vials (which only
     // the table load refuses), 1004 has ID=-1.
     static std::string Definitions(std::string rack1001 = "") {
         return Ini("[INDEX];Tray_Num=1;Tray1_ID=1099;Rack_Num=3;Rack1_ID=1000;Rack2_ID=1001;"
                    "Rack3_ID=1003") +
-               testing::Tray(1099) + testing::Rack(1000) + testing::Rack(1001, rack1001) +
-               testing::Rack(1002, "VIAL_DEPTH") +
-               testing::Rack(1003, "VIAL_X_NUM=20;VIAL_Y_NUM=50") + testing::Rack(1004, "ID=-1");
+               support::Tray(1099) + support::Rack(1000) + support::Rack(1001, rack1001) +
+               support::Rack(1002, "VIAL_DEPTH") +
+               support::Rack(1003, "VIAL_X_NUM=20;VIAL_Y_NUM=50") + support::Rack(1004, "ID=-1");
     }
 };
 

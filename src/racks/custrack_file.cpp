@@ -1,10 +1,10 @@
-#include "ui/autosampler/custrack_file.h"
+#include "racks/custrack_file.h"
 
 #include <charconv>
 #include <system_error>
 
-#include "config/numbers.h"
-#include "config/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "platform/file_system.h"
 #include "platform/services.h"
 

@@ -1,4 +1,4 @@
-#include "config/numbers.h"
+#include "base/numbers.h"
 
 #include <cctype>
 #include <cmath>
@@ -65,7 +65,8 @@ std::uint64_t RoundedUnits(double magnitude, int decimals) {
     char buffer[32];
     std::snprintf(buffer, sizeof buffer, "%.14e", magnitude);  // d.dddddddddddddde+xx
     std::uint64_t mantissa = static_cast<std::uint64_t>(buffer[0] - '0');
-    for (int i = 2; i < 16; ++i) mantissa = mantissa * 10 + static_cast<std::uint64_t>(buffer[i] - '0');
+    for (int i = 2; i < 16; ++i)
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(buffer[i] - '0');
     const int shift = std::atoi(buffer + 17) - 14 + decimals;
     if (shift >= 0) return mantissa * PowerOfTen(shift);
     if (shift < -16) return 0;  // below half a unit

@@ -1,10 +1,10 @@
-#include "ui/autosampler/custom_racks.h"
+#include "racks/custom_racks.h"
 
 #include <algorithm>
 #include <span>
 
-#include "config/numbers.h"
-#include "config/text.h"
+#include "base/numbers.h"
+#include "base/text.h"
 #include "platform/services.h"
 
 namespace lumacfg {

@@ -15,7 +15,7 @@
 #include <string>
 #include <string_view>
 
-#include "ui/autosampler/custrack_file.h"
+#include "racks/custrack_file.h"
 
 namespace lumacfg {
 

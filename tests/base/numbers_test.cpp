@@ -1,5 +1,5 @@
 // The data system's number conventions: lenient reading, rounding, display formats.
-#include "config/numbers.h"
+#include "base/numbers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "config/text.h"
+#include "base/text.h"
 
 #include <algorithm>
 
@@ -98,6 +98,10 @@ std::string_view TrimSpaces(std::string_view text) {
     const auto first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+int AnsiByteLength(std::string_view text) {
+    return static_cast<int>(text.size());
 }
 
 }  // namespace lumacfg

@@ -1,4 +1,4 @@
-#include "ui/autosampler/configuration_id.h"
+#include "config/configuration_id.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -8,8 +8,8 @@
 namespace lumacfg {
 namespace {
 
-using testing_support::TempStation;
-using testing_support::WriteBytes;
+using support::TempStation;
+using support::WriteBytes;
 
 constexpr platform::LocalTime kNewYearsEve{2008, 12, 31, 23, 59, 59};
 

@@ -1,4 +1,4 @@
-#include "ui/autosampler/tray_report.h"
+#include "app/cli/tray_report.h"
 
 #include <algorithm>
 #include <span>

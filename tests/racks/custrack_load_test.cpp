@@ -1,14 +1,14 @@
 // Reading custrack.ini: its numbers and texts, and the custom tray and rack tables loaded from
 // the lists of "[INDEX]".
-#include "ui/autosampler/custom_racks.h"
-#include "ui/autosampler/custrack_file.h"
-#include "ui/autosampler/custrack_fixture.h"
+#include "racks/custom_racks.h"
+#include "racks/custrack_file.h"
+#include "racks/custrack_fixture.h"
 
 namespace lumacfg {
 namespace {
 
-using testing::Ini;
-using TrayFileTest = testing::CustrackTest;
+using support::Ini;
+using TrayFileTest = support::CustrackTest;
 
 TEST_F(TrayFileTest, NumbersMustBeWholeDecimalNumbers) {
     const std::pair<std::string, std::optional<std::int32_t>> cases[] = {
@@ -16,7 +16,7 @@ TEST_F(TrayFileTest, NumbersMustBeWholeDecimalNumbers) {
         {"N=1e3", 1000}, {"N=", 77},       {"M=1", 77},    {"N=abc", {}},
         {"N=12abc", {}}, {"N=0x10", {}},   {"N=inf", {}},  {"N=2147483648", {}}};
     for (const auto& [line, expected] : cases) {
-        Write(testing::Ini("[S];" + line));
+        Write(support::Ini("[S];" + line));
         const CustrackInt read = ReadCustrackInt("S", "N", 77);
         EXPECT_EQ(read.error ? std::nullopt : std::optional(read.value), expected) << line;
         if (read.error) {
@@ -26,7 +26,7 @@ TEST_F(TrayFileTest, NumbersMustBeWholeDecimalNumbers) {
 }
 
 TEST_F(TrayFileTest, TextReadsAndRefusedWrites) {
-    Write(testing::Ini("[S];K=ABCDEFG"));
+    Write(support::Ini("[S];K=ABCDEFG"));
     EXPECT_EQ(ReadCustrackString("s", "k", "", 4).text, "ABC");
     EXPECT_EQ(ReadCustrackString("S", "K", "d", 0).text, "");
     EXPECT_EQ(ReadCustrackString("", "K", "d", 16).text, "d");
@@ -36,7 +36,7 @@ TEST_F(TrayFileTest, TextReadsAndRefusedWrites) {
     EXPECT_EQ(Read(), "");
 }
 
-class CustomRackTrayLoadTest : public testing::CustrackTest {
+class CustomRackTrayLoadTest : public support::CustrackTest {
   protected:
     // Lists entries 1003, 1010 and 1099, the `faulty`-th changed ("#" stands for its "[INDEX]"
     // line), loads, and expects the entries before it loaded and the other slots empty. Values
@@ -58,7 +58,7 @@ class CustomRackTrayLoadTest : public testing::CustrackTest {
             }
             const std::string indexChange =
                 prefix + std::to_string(faulty + 1) + "_ID" + change.substr(1);
-            index = change[0] == '#' ? testing::Patched(Ini(index), indexChange) : Ini(index);
+            index = change[0] == '#' ? support::Patched(Ini(index), indexChange) : Ini(index);
             ResetCustomDefs();
             Write(index + sections);
             const bool wordy = std::any_of(change.begin(), change.end(), ::islower);
@@ -68,11 +68,11 @@ class CustomRackTrayLoadTest : public testing::CustrackTest {
         }
     }
     void ExpectRackListEnds(const std::string& change) {
-        ExpectListEndsAtEveryEntry("Rack", testing::Rack, RackTrays().CustomRacks, LoadCustomRacks,
+        ExpectListEndsAtEveryEntry("Rack", support::Rack, RackTrays().CustomRacks, LoadCustomRacks,
                                    change);
     }
     void ExpectTrayListEnds(const std::string& change) {
-        ExpectListEndsAtEveryEntry("Tray", testing::Tray, RackTrays().CustomTrays, LoadCustomTrays,
+        ExpectListEndsAtEveryEntry("Tray", support::Tray, RackTrays().CustomTrays, LoadCustomTrays,
                                    change);
     }
 };
@@ -105,7 +105,7 @@ TEST_F(CustomRackTrayLoadTest, AcceptedDefinitions) {
         {"ID;ID_STR=ABCDEFGHIJKLMNOPQRST;VIAL_X_ORG=4100;VIAL_Y_DIST=2700;VIAL_DEPTH=160",
          {1000, "ABCDEFGHIJKLMNO", 10, 5, 4100, 200, 30, 2700, 160}}};
     for (const auto& [change, expected] : racks) {
-        Write(Ini("[INDEX];Rack_Num=1;Rack1_ID=1000") + testing::Rack(1000, change));
+        Write(Ini("[INDEX];Rack_Num=1;Rack1_ID=1000") + support::Rack(1000, change));
         EXPECT_FALSE(LoadCustomRacks());
         EXPECT_EQ(RackTrays().CustomRacks[0], expected) << change;
     }
@@ -118,7 +118,7 @@ TEST_F(CustomRackTrayLoadTest, AcceptedDefinitions) {
          {1000, "Tray 1000", 2, 10, 20, 300, 32766, {0, 4100}, 2, 5, 6, 7, 8}},
         {"RACK_X_NUM=9;DEFRACK1=-1", {1000, "Tray 1000", 9, 10, 20, 300, 0, {}, 2, 5, 6, 7, 8}}};
     for (const auto& [change, expected] : trays) {
-        Write(Ini("[INDEX];Tray_Num=1;Tray1_ID=1000") + testing::Tray(1000, change));
+        Write(Ini("[INDEX];Tray_Num=1;Tray1_ID=1000") + support::Tray(1000, change));
         EXPECT_FALSE(LoadCustomTrays());
         EXPECT_EQ(RackTrays().CustomTrays[0], expected) << change;
     }
@@ -129,7 +129,7 @@ TEST_F(CustomRackTrayLoadTest, CountDecidesHowManyEntriesAreRead) {
         ResetCustomDefs();
         Write(Ini("[INDEX];Rack1_ID=1000;Rack2_ID=1001;Rack3_ID=1002;Rack_Num=" +
                   std::string(count)) +
-              testing::Rack(1000) + testing::Rack(1001) + testing::Rack(1002));
+              support::Rack(1000) + support::Rack(1001) + support::Rack(1002));
         EXPECT_EQ(LoadCustomRacks().has_value(), count == std::string("x"));
         for (int i = 0; i < 3; ++i)
             EXPECT_EQ(RackTrays().CustomRacks[i].id, i < loaded ? 1000 + i : -1);

@@ -9,11 +9,11 @@
 #include <string>
 
 #include "platform/services.h"
+#include "racks/custom_racks.h"
 #include "support/scoped_env.h"
 #include "support/temp_dir.h"
-#include "ui/autosampler/custom_racks.h"
 
-namespace lumacfg::testing {
+namespace lumacfg::support {
 
 // The ";"-separated lines, each ended with CR LF.
 inline std::string Ini(std::string lines) {
@@ -64,12 +64,12 @@ class CustrackTest : public ::testing::Test {
     void TearDown() override { ResetCustomDefs(); }
 
     std::filesystem::path File() const { return dir_ / "custrack.ini"; }
-    void Write(const std::string& bytes) const { testing_support::WriteBytes(File(), bytes); }
-    std::string Read() const { return testing_support::ReadBytes(File()).value_or(""); }
+    void Write(const std::string& bytes) const { support::WriteBytes(File(), bytes); }
+    std::string Read() const { return support::ReadBytes(File()).value_or(""); }
 
-    testing_support::TempDir temp_{"lumacfg-custrack"};
+    support::TempDir temp_{"lumacfg-custrack"};
     std::filesystem::path dir_ = temp_.Path();
-    testing_support::ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", dir_.string()};
+    support::ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", dir_.string()};
 };
 
-}  // namespace lumacfg::testing
+}  // namespace lumacfg::support

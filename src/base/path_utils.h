@@ -1,9 +1,11 @@
 // String routines on the data system's paths (drive, colon, "\" separators, 8.3 names) used
 // by the file selection form and the dialogs that let the user pick files. "\" is the only
-// separator; "/" is an ordinary character. Only MakePath looks at the file system.
+// separator; "/" is an ordinary character. Only MakePath asks about the file system, through
+// the probe its caller gives it.
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,7 +52,8 @@ struct MakePathResult {
 // Builds the full path of a file name in a directory ending in "\", adding the default
 // extension of the form's pattern when the name lacks it, and tells whether it exists.
 // Wildcards in the name or directory make the path invalid; a name with a drive is taken whole.
-MakePathResult MakePath(std::string_view name, std::string_view dir,
+using PathProbe = std::function<bool(std::string_view path)>;
+MakePathResult MakePath(std::string_view name, std::string_view dir, const PathProbe& exists,
                         const FileFormSettings& form = FileForm());
 
 // True when the file's extension matches the pattern's under the form's matching mode.

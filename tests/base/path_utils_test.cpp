@@ -1,4 +1,4 @@
-#include "ui/file/path_utils.h"
+#include "base/path_utils.h"
 
 #include <gtest/gtest.h>
 
@@ -67,11 +67,12 @@ TEST(PathUtilsTest, SameExt) {
 }
 
 TEST(PathUtilsTest, MakePath) {
-    const testing_support::TempDir temp("lumacfg-make-path");
+    const support::TempDir temp("lumacfg-make-path");
     const std::filesystem::path& root = temp.Path();
     std::filesystem::create_directories(root / "sub");
-    testing_support::WriteBytes(root / "run1.txt", "x");
+    support::WriteBytes(root / "run1.txt", "x");
     platform::SetFiles(nullptr);
+    const PathProbe exists = [](std::string_view path) { return platform::Files().Exists(path); };
     const std::string dir = root.string() + "/";
     const std::tuple<std::string_view, std::string_view, PathStatus, std::string_view> cases[] = {
         {"run1", "*.txt", PathStatus::Exists, "run1.TXT"},
@@ -84,12 +85,12 @@ TEST(PathUtilsTest, MakePath) {
         {"run?", "*.txt", PathStatus::Invalid, ""}, {"run1", "*.*", PathStatus::Invalid, ""},
         {"run1", "*.t?t", PathStatus::Invalid, ""}, {"sub\\run1", "*.txt", PathStatus::Invalid, ""}};
     for (const auto& [name, pattern, status, added] : cases) {
-        const MakePathResult made = MakePath(name, dir, Form(0, std::string(pattern)));
+        const MakePathResult made = MakePath(name, dir, exists, Form(0, std::string(pattern)));
         EXPECT_EQ(made.status, status) << name << " " << pattern;
         EXPECT_EQ(made.fullPath, status == PathStatus::Invalid ? "" : dir + std::string(added));
     }
-    EXPECT_EQ(MakePath("run1", root.string() + "*/", Form()).status, PathStatus::Invalid);
-    const MakePathResult drive = MakePath("X:\\none", dir, Form(0, "*.txt"));
+    EXPECT_EQ(MakePath("run1", root.string() + "*/", exists, Form()).status, PathStatus::Invalid);
+    const MakePathResult drive = MakePath("X:\\none", dir, exists, Form(0, "*.txt"));
     EXPECT_EQ(std::pair(drive.status, drive.fullPath), std::pair(PathStatus::Missing, "X:\\none"s));
 }
 // clang-format on
