@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <deque>
 #include <limits>
-#include <set>
 #include <vector>
 #endif
 
@@ -40,25 +39,17 @@ class NoWindows final : public WindowService {
 
 // Errors on this backend's connections (a window that has gone, a handle that never was) are
 // ignored; the requests that need an answer then report failure. Other connections keep the
-// handler they had.
-std::set<Display*>& OwnDisplays() {
-    static std::set<Display*> displays;
-    return displays;
-}
+// handler they had. Each open connection is a link of an intrusive list that the connection
+// itself owns, so nothing here has a destructor that could run before or after a connection's.
+class X11Windows;
+constinit X11Windows* g_openConnections = nullptr;
+constinit XErrorHandler g_previousHandler = nullptr;
 
-XErrorHandler g_previousHandler = nullptr;
+bool IsOwnDisplay(Display* display);
 
 int IgnoreOwnErrors(Display* display, XErrorEvent* event) {
-    if (OwnDisplays().contains(display) || g_previousHandler == nullptr) return 0;
+    if (IsOwnDisplay(display) || g_previousHandler == nullptr) return 0;
     return g_previousHandler(display, event);
-}
-
-void InstallErrorHandler() {
-    static bool installed = [] {
-        g_previousHandler = XSetErrorHandler(IgnoreOwnErrors);
-        return true;
-    }();
-    (void)installed;
 }
 
 struct XFreeDeleter {
@@ -80,16 +71,23 @@ class X11Windows final : public WindowService {
     static std::unique_ptr<WindowService> Connect() {
         const char* name = std::getenv("DISPLAY");
         if (name == nullptr || *name == '\0') return nullptr;
-        InstallErrorHandler();
         Display* display = XOpenDisplay(nullptr);
         if (display == nullptr) return nullptr;
         return std::unique_ptr<WindowService>(new X11Windows(display));
     }
 
     ~X11Windows() override {
-        OwnDisplays().erase(display_);
         XCloseDisplay(display_);
+        X11Windows** link = &g_openConnections;
+        while (*link != this) link = &(*link)->next_;
+        *link = next_;
+        if (g_openConnections == nullptr) XSetErrorHandler(g_previousHandler);
     }
+    X11Windows(const X11Windows&) = delete;
+    X11Windows& operator=(const X11Windows&) = delete;
+
+    Display* OwnDisplay() const { return display_; }
+    const X11Windows* Next() const { return next_; }
 
     WindowHandle FindTopLevel(std::string_view className,
                               std::optional<std::string_view> caption) override {
@@ -173,7 +171,9 @@ class X11Windows final : public WindowService {
 
     explicit X11Windows(Display* display)
         : display_(display), root_(DefaultRootWindow(display)), atoms_(InternAtoms(display)) {
-        OwnDisplays().insert(display);
+        if (g_openConnections == nullptr) g_previousHandler = XSetErrorHandler(IgnoreOwnErrors);
+        next_ = g_openConnections;
+        g_openConnections = this;
     }
 
     static Atoms InternAtoms(Display* display) {
@@ -347,7 +347,15 @@ class X11Windows final : public WindowService {
     Display* display_;
     Window root_;
     Atoms atoms_;
+    X11Windows* next_ = nullptr;  // the connection opened before this one
 };
+
+bool IsOwnDisplay(Display* display) {
+    for (const X11Windows* open = g_openConnections; open != nullptr; open = open->Next()) {
+        if (open->OwnDisplay() == display) return true;
+    }
+    return false;
+}
 
 #endif
 
