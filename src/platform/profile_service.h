@@ -24,7 +24,8 @@ class ProfileService {
                                   std::size_t size) = 0;
 
     // Writes a value. No key: the whole section is deleted. No value: the key is deleted.
-    // Returns false when the file cannot be written.
+    // Returns false when the file cannot be written (the failure is reported to Failures());
+    // a change that changes nothing (deleting what is not there) succeeds without a write.
     virtual bool WriteString(std::string_view file, std::string_view section,
                              std::optional<std::string_view> key,
                              std::optional<std::string_view> value) = 0;
@@ -35,6 +36,17 @@ class ProfileService {
     // written. Batches nest; the outermost EndBatch writes.
     virtual void BeginBatch() = 0;
     virtual bool EndBatch() = 0;
+
+    // Replaces target with the bytes of source, as a file copy does; in a batch the copy is one
+    // more change of target, written with its others. False when source cannot be read (not
+    // reported: a missing source is the caller's business) or target cannot be written
+    // (reported).
+    virtual bool CopyFile(std::string_view source, std::string_view target) = 0;
+
+    // True when the file is missing or can be read as a profile. False when something is there
+    // that cannot be (a directory, a FIFO, a file the process may not read, an encoding that
+    // cannot be decoded): the failure is reported to Failures().
+    virtual bool Readable(std::string_view file) = 0;
 };
 
 }  // namespace lumacfg::platform

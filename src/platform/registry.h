@@ -28,6 +28,13 @@ class Registry {
     // Opens an existing key of the local-machine hive ("SOFTWARE\..."); a missing key, or a
     // store that may not be written when SetValue access is asked for, gives nullptr.
     virtual std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) = 0;
+
+    // Between BeginBatch and EndBatch, values are set in memory and the store is written once
+    // at EndBatch (with what setting them one by one would have given); queries in between see
+    // the values set. EndBatch returns false when the store could not be written (the failure
+    // is reported to Failures()). Batches nest; the outermost EndBatch writes.
+    virtual void BeginBatch() = 0;
+    virtual bool EndBatch() = 0;
 };
 
 }  // namespace lumacfg::platform

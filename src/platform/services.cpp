@@ -29,6 +29,7 @@ struct AllServices {
     Slot<LogonService> logon{nullptr, posix::MakeLogonService};
     Slot<SecurityLibrary> security{nullptr, posix::MakeSecurityLibrary};
     Slot<HelpViewer> help{nullptr, posix::MakeHelpViewer};
+    FileFailures failures;
 };
 
 AllServices& All() {
@@ -70,6 +71,9 @@ SecurityLibrary& Security() {
 }
 HelpViewer& Help() {
     return All().help.Get();
+}
+FileFailures& Failures() {
+    return All().failures;
 }
 
 void SetProfiles(std::unique_ptr<ProfileService> s) {

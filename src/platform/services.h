@@ -6,6 +6,7 @@
 
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
+#include "platform/file_failures.h"
 #include "platform/file_system.h"
 #include "platform/message_box.h"
 #include "platform/processes.h"
@@ -26,6 +27,8 @@ InstanceLock& Instance();
 LogonService& Logon();
 SecurityLibrary& Security();
 HelpViewer& Help();
+// The file failures reported since the front end last took them.
+FileFailures& Failures();
 
 // Replace a service (tests, or the windowed program installing its message boxes).
 // Passing nullptr restores the platform's own backend on next use.
@@ -41,7 +44,7 @@ void SetLogon(std::unique_ptr<LogonService> service);
 void SetSecurity(std::unique_ptr<SecurityLibrary> service);
 void SetHelp(std::unique_ptr<HelpViewer> service);
 
-// Restores every service to the platform's own backend.
+// Restores every service to the platform's own backend and forgets the failures reported.
 void ResetServices();
 
 }  // namespace lumacfg::platform

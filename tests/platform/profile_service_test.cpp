@@ -38,7 +38,8 @@ class ProfileServiceTest : public ::testing::Test {
         WriteBytes(dir_ / name, bytes);
     }
     std::string Bytes(const std::string& name) const {
-        return ReadWholeFile(PathOf(name)).value_or("<missing>");
+        FileRead read = ReadRegularFile(PathOf(name));
+        return read.status == FileRead::Status::Read ? read.bytes : "<missing>";
     }
     std::vector<std::string> Names(const std::string& sub = "") const {
         std::vector<std::string> names;
@@ -259,7 +260,7 @@ TEST_F(ProfileServiceTest, KilledWriterLeavesOldOrNewFile) {
     std::string first, second;
     for (int i = 0; i < 60000; ++i) first += "[S" + std::to_string(i) + "]\r\nK=aaaaaaaa\r\n";
     for (int i = 0; i < 40000; ++i) second += "[T" + std::to_string(i) + "]\nK=bbbbbbbbbbbbb\n";
-    ASSERT_TRUE(ReplaceFile(path, first));
+    ASSERT_TRUE(ReplaceFile(path, first).ok);
     std::mt19937 random(99);
     for (int round = 0; round < 30; ++round) {
         pid_t child = ::fork();

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <vector>
 
 namespace lumacfg::platform::posix {
@@ -51,13 +52,16 @@ bool WriteInPlace(const std::string& hostPath, std::string_view bytes) {
 
 }  // namespace
 
-std::optional<std::string> ReadWholeFile(const std::string& hostPath) {
-    int fd = ::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) return std::nullopt;
+FileRead ReadRegularFile(const std::string& hostPath) {
+    int fd = ::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (fd < 0) {
+        if (errno == ENOENT) return {FileRead::Status::Missing, {}, {}};
+        return {FileRead::Status::Failed, {}, std::strerror(errno)};
+    }
     struct stat info {};
-    if (::fstat(fd, &info) != 0 || S_ISDIR(info.st_mode)) {
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
         ::close(fd);
-        return std::nullopt;
+        return {FileRead::Status::Failed, {}, "not a regular file"};
     }
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(info.st_size));
@@ -66,14 +70,15 @@ std::optional<std::string> ReadWholeFile(const std::string& hostPath) {
         ssize_t got = ::read(fd, chunk.data(), chunk.size());
         if (got < 0 && errno == EINTR) continue;
         if (got < 0) {
+            std::string reason = std::strerror(errno);
             ::close(fd);
-            return std::nullopt;  // part of a file is not the file
+            return {FileRead::Status::Failed, {}, reason};  // part of a file is not the file
         }
         if (got == 0) break;
         bytes.append(chunk.data(), static_cast<std::size_t>(got));
     }
     ::close(fd);
-    return bytes;
+    return {FileRead::Status::Read, std::move(bytes), {}};
 }
 
 bool HostPathExists(const std::string& hostPath) {
@@ -90,8 +95,8 @@ bool MayWrite(const std::string& hostPath) {
     return ::access(DirectoryOf(hostPath).c_str(), W_OK) == 0;
 }
 
-bool ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
-    if (!MayWrite(linkOrFile)) return false;
+FileWrite ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
+    if (!MayWrite(linkOrFile)) return {false, "permission denied"};
     // Renaming over a symbolic link would replace the link; replace the file it names.
     std::string hostPath = linkOrFile;
     struct stat link {};
@@ -106,7 +111,10 @@ bool ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
 
     std::string tempPath = DirectoryOf(hostPath) + "/." + BaseNameOf(hostPath) + ".XXXXXX";
     int fd = ::mkstemp(tempPath.data());
-    if (fd < 0) return WriteInPlace(hostPath, bytes);
+    if (fd < 0) {
+        if (WriteInPlace(hostPath, bytes)) return {true, {}};
+        return {false, std::strerror(errno)};
+    }
 
     bool ok = WriteAll(fd, bytes);
     if (existed) {
@@ -119,15 +127,16 @@ bool ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
     ok = (::close(fd) == 0) && ok;
     ok = ok && ::rename(tempPath.c_str(), hostPath.c_str()) == 0;
     if (!ok) {
+        std::string reason = std::strerror(errno);
         ::unlink(tempPath.c_str());
-        return false;
+        return {false, reason};
     }
     int dir = ::open(DirectoryOf(hostPath).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (dir >= 0) {
         (void)::fsync(dir);
         ::close(dir);
     }
-    return true;
+    return {true, {}};
 }
 
 }  // namespace lumacfg::platform::posix

@@ -112,8 +112,9 @@ class PosixFileSystem final : public FileSystem {
     }
 
     bool CopyFile(std::string_view source, std::string_view target) override {
-        auto bytes = ReadWholeFile(HostPath(source));
-        return bytes && ReplaceFile(HostPath(target), *bytes);
+        FileRead read = ReadRegularFile(HostPath(source));
+        return read.status == FileRead::Status::Read &&
+               ReplaceFile(HostPath(target), read.bytes).ok;
     }
 
     bool DeleteFile(std::string_view path) override {
@@ -139,11 +140,13 @@ class PosixFileSystem final : public FileSystem {
     }
 
     std::optional<std::string> ReadFile(std::string_view path) override {
-        return ReadWholeFile(HostPath(path));
+        FileRead read = ReadRegularFile(HostPath(path));
+        if (read.status != FileRead::Status::Read) return std::nullopt;
+        return std::move(read.bytes);
     }
 
     bool WriteFile(std::string_view path, std::string_view bytes) override {
-        return ReplaceFile(HostPath(path), bytes);
+        return ReplaceFile(HostPath(path), bytes).ok;
     }
 };
 

@@ -6,6 +6,7 @@
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/posix/profile_document.h"
+#include "platform/services.h"
 
 namespace lumacfg::platform::posix {
 namespace {
@@ -31,7 +32,7 @@ class PosixProfileService final : public ProfileService {
         std::optional<std::string> value;
         if (depth_ > 0) {
             if (Cached* cached = Load(host)) value = cached->document.Get(section, key);
-        } else if (auto bytes = ReadWholeFile(host)) {
+        } else if (auto bytes = ReadProfileBytes(host)) {
             value = LookUpProfileValue(*bytes, section, key);
         }
         return Truncated(value ? std::move(*value) : WithoutTrailingBlanks(defaultText), size);
@@ -49,27 +50,59 @@ class PosixProfileService final : public ProfileService {
             if (Apply(cached->document, section, key, value)) cached->dirty = true;
             return true;
         }
-        auto bytes = ReadWholeFile(host);
+        FileRead read = ReadRegularFile(host);
         // A file that is there but cannot be read is never replaced by one made from nothing.
-        if (!bytes && HostPathExists(host)) return false;
-        ProfileDocument document(bytes ? *bytes : std::string{});
-        if (!Apply(document, section, key, value)) return MayWrite(host);
-        return ReplaceFile(host, document.Bytes());
+        if (read.status == FileRead::Status::Failed) {
+            Failures().Report(FileOperation::Read, host, read.reason);
+            return false;
+        }
+        ProfileDocument document(read.bytes);
+        if (!Apply(document, section, key, value)) return true;
+        return Written(host, document.Bytes());
     }
 
     void BeginBatch() override { ++depth_; }
+
+    bool CopyFile(std::string_view source, std::string_view target) override {
+        FileRead read = ReadRegularFile(HostPath(source));
+        if (read.status != FileRead::Status::Read) return false;
+        return Written(HostPath(target), read.bytes);
+    }
+
+    bool Readable(std::string_view file) override {
+        std::string host = HostPath(file);
+        FileRead read = ReadRegularFile(host);
+        if (read.status != FileRead::Status::Failed) return true;
+        Failures().Report(FileOperation::Read, host, read.reason);
+        return false;
+    }
 
     bool EndBatch() override {
         if (depth_ == 0 || --depth_ > 0) return true;
         bool ok = true;
         for (auto& [host, cached] : batch_) {
-            if (cached.dirty) ok = ReplaceFile(host, cached.document.Bytes()) && ok;
+            if (cached.dirty) ok = Written(host, cached.document.Bytes()) && ok;
         }
         batch_.clear();
         return ok;
     }
 
   private:
+    static std::optional<std::string> ReadProfileBytes(const std::string& host) {
+        FileRead read = ReadRegularFile(host);
+        if (read.status == FileRead::Status::Read) return std::move(read.bytes);
+        if (read.status == FileRead::Status::Failed) {
+            Failures().Report(FileOperation::Read, host, read.reason);
+        }
+        return std::nullopt;
+    }
+
+    static bool Written(const std::string& host, std::string_view bytes) {
+        FileWrite written = ReplaceFile(host, bytes);
+        if (!written.ok) Failures().Report(FileOperation::Write, host, written.reason);
+        return written.ok;
+    }
+
     struct Cached {
         ProfileDocument document;
         bool writable = false;
@@ -90,9 +123,12 @@ class PosixProfileService final : public ProfileService {
         }
         auto found = batch_.find(host);
         if (found != batch_.end()) return &found->second;
-        auto bytes = ReadWholeFile(host);
-        bool writable = MayWrite(host) && (bytes || !exists);
-        Cached cached{ProfileDocument(bytes ? *bytes : std::string{}), writable, exists, false};
+        FileRead read = ReadRegularFile(host);
+        if (read.status == FileRead::Status::Failed) {
+            Failures().Report(FileOperation::Read, host, read.reason);
+        }
+        bool writable = MayWrite(host) && read.status != FileRead::Status::Failed;
+        Cached cached{ProfileDocument(read.bytes), writable, exists, false};
         return &batch_.emplace(host, std::move(cached)).first->second;
     }
 

@@ -67,19 +67,19 @@ class FileRegistryKey final : public RegistryKey {
 
   private:
     std::optional<RegValue> Query(std::string_view name) {
-        auto bytes = ReadWholeFile(store_);
-        if (!bytes) return std::nullopt;
-        return RegDocument(*bytes).Get(keyPath_, name);
+        FileRead read = ReadRegularFile(store_);
+        if (read.status != FileRead::Status::Read) return std::nullopt;
+        return RegDocument(read.bytes).Get(keyPath_, name);
     }
 
     template <typename Edit>
     bool Update(Edit edit) {
         if (access_ != RegistryAccess::SetValue) return false;
         StoreLock lock(store_);
-        auto bytes = ReadWholeFile(store_);
-        if (!bytes) return false;
-        RegDocument doc(*bytes);
-        return edit(doc) && ReplaceFile(store_, doc.Bytes());
+        FileRead read = ReadRegularFile(store_);
+        if (read.status != FileRead::Status::Read) return false;
+        RegDocument doc(read.bytes);
+        return edit(doc) && ReplaceFile(store_, doc.Bytes()).ok;
     }
 
     std::string store_;
@@ -92,12 +92,17 @@ class FileRegistry final : public Registry {
     std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) override {
         path = path.substr(0, path.find('\0'));  // a NUL after the path is ignored
         std::string store = StorePath();
-        auto bytes = ReadWholeFile(store);
+        FileRead read = ReadRegularFile(store);
         std::string keyPath = std::string(kHive) + std::string(path);
-        if (!bytes || !RegDocument(*bytes).HasKey(keyPath)) return nullptr;
+        if (read.status != FileRead::Status::Read || !RegDocument(read.bytes).HasKey(keyPath)) {
+            return nullptr;
+        }
         if (access == RegistryAccess::SetValue && !MayWrite(store)) return nullptr;
         return std::make_unique<FileRegistryKey>(std::move(store), std::move(keyPath), access);
     }
+
+    void BeginBatch() override {}
+    bool EndBatch() override { return true; }
 };
 
 }  // namespace
