@@ -10,6 +10,7 @@
 #include <string>
 
 #include "config/profile.h"
+#include "config/station_batch.h"
 #include "platform/services.h"
 
 namespace {
@@ -52,7 +53,7 @@ void BM_Save150Keys(benchmark::State& state) {
         struct stat before {};
         ::stat(path.c_str(), &before);
         {
-            lumacfg::ProfileBatch batch;
+            lumacfg::StationBatch batch;
             for (int i = 0; i < 150; ++i) {
                 int k = i < 75 ? (i * 13) % keys : keys + i;
                 lumacfg::ProfileSet("SECTION" + std::to_string(k % 10), "KEY" + std::to_string(k),

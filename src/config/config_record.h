@@ -127,6 +127,9 @@ void AddDevice(std::string_view name);
 // 1-based number of the device entry with the name, 0 when there is none.
 int FindDevice(std::string_view name);
 
+// The device entry that stands for the autosampler, whatever its model.
+inline constexpr std::string_view kAutosamplerDevice = "ASX500";
+
 // The rows of a new station profile, then nothing else (the save that follows completes it).
 void WriteInitialProfile();
 

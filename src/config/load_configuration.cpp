@@ -7,6 +7,7 @@
 #include "config/config_record.h"
 #include "config/configuration_id.h"
 #include "config/profile.h"
+#include "config/station_batch.h"
 #include "integration/vlt_settings.h"
 #include "platform/services.h"
 
@@ -216,7 +217,7 @@ std::int16_t ReadPumpKind() {
 }
 
 void LoadConfiguration() {
-    ProfileBatch batch;  // one reading of the file, and the two completed keys written once
+    StationBatch batch;  // one reading of the file, and the two completed keys written once
     SetDefaults();
     ConfigRecord& record = Config();
     record.ICPMS_ID = ReadSingleValue(kSection, "ICPMS_ID") ? 0 : 1;

@@ -79,11 +79,4 @@ void ParseIntList(std::string_view text, std::span<std::int16_t> values) {
     }
 }
 
-ProfileBatch::ProfileBatch() {
-    platform::Profiles().BeginBatch();
-}
-ProfileBatch::~ProfileBatch() {
-    platform::Profiles().EndBatch();
-}
-
 }  // namespace lumacfg

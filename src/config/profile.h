@@ -45,13 +45,4 @@ int SplitList(std::string_view text, std::span<std::string> list, std::string_vi
 // Parses a comma list of integers into values[0..n-1]; an empty field stops the parse.
 void ParseIntList(std::string_view text, std::span<std::int16_t> values);
 
-// The whole save: every file changed between construction and destruction is written once.
-class ProfileBatch {
-  public:
-    ProfileBatch();
-    ~ProfileBatch();
-    ProfileBatch(const ProfileBatch&) = delete;
-    ProfileBatch& operator=(const ProfileBatch&) = delete;
-};
-
 }  // namespace lumacfg

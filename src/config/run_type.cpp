@@ -55,7 +55,7 @@ std::string JoinList(std::span<const std::string> entries) {
 void PrepareRunType() {
     ProfileDelete(kStationSection, "_DOQCCHECK");
     const std::string copy = RunTypeDirectory() + std::string(kRunTypeFile);
-    platform::Files().CopyFile(QcModeRunTypeFile(), copy);
+    platform::Profiles().CopyFile(QcModeRunTypeFile(), copy);
     if (Config().MPMATDIL != 0) EnsureErrorAction(copy, 11, "Dilute-SameSmpl");
     EnsureErrorAction(copy, 13, "Reslope-NextSmpl");
     RemoveKeyword(copy, "MethPath");

@@ -6,6 +6,7 @@
 #include "config/config_record.h"
 #include "config/configuration_id.h"
 #include "config/profile.h"
+#include "config/station_batch.h"
 #include "integration/vlt_settings.h"
 
 namespace lumacfg {
@@ -45,9 +46,7 @@ void SaveIdentityAndAutosampler(const ConfigRecord& record) {
     WriteInt("NotRepRemote", record.NotRepRemote);
     WriteNonZero("SI_TYPE", record.SI_TYPE);
     WriteNonZero("ALS_TYPE", record.ALS_TYPE);
-    Write("ALS_ID", record.ALS_TYPE != 0
-                        ? IntText(FindDevice(AutosamplerDeviceName(record.ALS_TYPE)))
-                        : std::string{});
+    Write("ALS_ID", record.ALS_TYPE != 0 ? IntText(FindDevice(kAutosamplerDevice)) : std::string{});
 }
 
 void SaveInhibitedMasses(const ConfigRecord& record) {
@@ -178,25 +177,8 @@ void SaveAnalysisOptions(const ConfigRecord& record) {
 
 }  // namespace
 
-std::string_view AutosamplerDeviceName(int alsType) {
-    switch (alsType) {
-        case 1:
-        case 3:
-        case 4:
-            return "ASX500";
-        case 2:
-            return "ASX100";
-        case 5:
-            return "V-AS";
-        case 6:
-            return "KLR-8";
-        default:
-            return {};
-    }
-}
-
 void SaveConfiguration() {
-    ProfileBatch batch;
+    StationBatch batch;  // "lumagen.ist" and the registry store written once each
     ConfigRecord& record = Config();
     SaveIdentityAndAutosampler(record);
     SaveInhibitedMasses(record);

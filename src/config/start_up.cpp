@@ -10,6 +10,7 @@
 #include "config/run_type.h"
 #include "config/save_configuration.h"
 #include "config/serial_settings.h"
+#include "config/station_batch.h"
 #include "integration/help.h"
 #include "integration/running_programs.h"
 #include "platform/services.h"
@@ -59,16 +60,25 @@ bool StationExists() {
     return ProfileGet("WSX", "Applications", "", buffer, kPresenceBuffer) >= 1;
 }
 
-// A new station: the defaults written out as a new profile (in one write of the file), then
-// the QC mode's run type made the active one.
+// A new station: the defaults written out as a new profile, then the QC mode's run type made
+// the active one.
 void CreateStation() {
-    {
-        ProfileBatch batch;
-        SetDefaults();
-        WriteInitialProfile();
-        SaveConfiguration();
-    }
+    SetDefaults();
+    WriteInitialProfile();
+    SaveConfiguration();
     PrepareRunType();
+}
+
+// The station can be read: its program directory is there and its profile, when there is one,
+// can be read as a profile. A station that cannot be read is never replaced by a new one.
+bool StationReadable() {
+    const std::string directory = platform::ProgramDirectory();
+    if (auto problem = platform::DirectoryProblem(directory)) {
+        platform::Failures().Report(platform::FileOperation::Read, platform::HostPath(directory),
+                                    *problem);
+        return false;
+    }
+    return platform::Profiles().Readable(StationProfilePath());
 }
 
 // A true flag stored as -1 becomes its magnitude 1, and is published as such.
@@ -114,12 +124,14 @@ std::int16_t UserMayEdit() {
     return 0;
 }
 
-bool StartUp(const StartUpOptions& options) {
-    if (!platform::Instance().Acquire()) return false;
+StartUpResult StartUp(const StartUpOptions& options) {
+    if (!platform::Instance().Acquire()) return StartUpResult::Refused;
     if (IsDataSystemRunning()) {
         ShowDataSystemRunning();
-        return false;
+        return StartUpResult::Refused;
     }
+    if (!StationReadable()) return StartUpResult::Failed;
+    StationBatch batch;
     ConfigRecord& record = Config();
     record.AUTOMATE = ReadAutomationFlag();
     record.ROOT_PATH = RootPathOf(platform::ProgramDirectory());
@@ -136,14 +148,15 @@ bool StartUp(const StartUpOptions& options) {
         record.CAN_EDIT = UserMayEdit();
     }
     NormaliseSecurity(record);
-    return goOn;
+    return goOn ? StartUpResult::Continue : StartUpResult::Refused;
 }
 
 bool InSetUpMode() {
     return Config().AUTOMATE >= 1;
 }
 
-void CloseStation() {
+std::vector<platform::FileFailure> CloseStation() {
+    StationBatch batch;
     ConfigRecord& record = Config();
     if (record.SAVE_REQ == 1) {
         SaveConfiguration();
@@ -157,7 +170,9 @@ void CloseStation() {
     } else if (record.SAVE_REQ == 1) {
         PrepareRunType();
     }
+    batch.End();
     CloseHelp();
+    return platform::Failures().Take();
 }
 
 }  // namespace lumacfg

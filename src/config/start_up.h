@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
+
+#include "platform/file_failures.h"
 
 namespace lumacfg {
 
@@ -14,8 +17,15 @@ struct StartUpOptions {
     std::uintptr_t mainWindow = 0;  // handed to the logon
 };
 
-// The whole start-up sequence. True: the program goes on; false: it must close at once.
-bool StartUp(const StartUpOptions& options);
+enum class StartUpResult {
+    Continue,  // the program goes on
+    Refused,   // another copy runs, the data system runs, or the logon failed: close at once
+    Failed,    // the station cannot be read (platform::Failures() says why): close, write nothing
+};
+
+// The whole start-up sequence. Its writes (a new station, a completed key) are made in one
+// batch: each file once.
+StartUpResult StartUp(const StartUpOptions& options);
 
 // ROOT_PATH of a program directory: the directory without as many trailing characters as
 // "\LUMAEXE" has (the characters themselves are not compared).
@@ -28,7 +38,8 @@ std::int16_t UserMayEdit();
 // "lumacfg.ini"), which removes that key when the program closes.
 bool InSetUpMode();
 
-// What closing the main window writes, whatever closed it.
-void CloseStation();
+// What closing the main window writes, whatever closed it, each file once. Returns the files
+// that could not be read or written (the other files are written all the same).
+std::vector<platform::FileFailure> CloseStation();
 
 }  // namespace lumacfg

@@ -34,6 +34,10 @@ std::string HostPath(std::string_view systemPath);
 // directory of the running executable. Asked anew on every call.
 std::string ProgramDirectory();
 
+// Why a data-system path is not a directory that can be read ("No such file or directory",
+// "Not a directory", ...), or nullopt when it is one.
+std::optional<std::string> DirectoryProblem(std::string_view systemPath);
+
 // Joins a directory and a file name with exactly one backslash.
 std::string JoinPath(std::string_view directory, std::string_view name);
 

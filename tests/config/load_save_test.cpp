@@ -149,6 +149,9 @@ TEST_F(LoadSaveTest, SaveWritesEveryKeyInItsFormat) {
     r.DSS_ACQ = 2.5;  // halves away from zero
     r.INHIBIT_MASS = {1, 14, 0, 7};
     r.ALS_TYPE = 5;
+    r.DEVICE_USED = {1, 2, 3};
+    r.DEVICE_LINK = {1, 2, 2};
+    r.DEVICE_NAME = {"SMARTCARD", "V-AS", "ASX500"};
     r.TRAY_ID = 2;
     r.MAX_BOTTLE = 7;
     r.OPT_CHG_FLW = 0.125F;
@@ -160,7 +163,7 @@ TEST_F(LoadSaveTest, SaveWritesEveryKeyInItsFormat) {
     EXPECT_EQ(Value("DSS_ACQ"), "3");
     EXPECT_EQ(Value("_INHIBIT"), "14 7");
     EXPECT_EQ(Value("MAX_BOTTLE"), "53");
-    EXPECT_EQ(Value("ALS_ID"), "0");  // no V-AS device in the table
+    EXPECT_EQ(Value("ALS_ID"), "3");  // the one autosampler device, whatever the model
     EXPECT_EQ(Value("OPT_CHG_FLW"), "0.13");
     EXPECT_EQ(Value("INSTNAME"), "CRVQ70 - Instrument1");
     EXPECT_EQ(Value("_TUNEPATH$"), Root() + "\\1\\Q70\\");
@@ -209,7 +212,7 @@ ConfigRecord RandomRecord(std::mt19937& random, const std::string& root) {
     r.LINK_TYPE = {r.ICPMS_TYPE == 2 ? "lan" : "gx40110", "RS232"};
     r.DEVICE_USED = {1, 2};
     r.DEVICE_LINK = {1, 2};
-    r.DEVICE_NAME = {"SMARTCARD", std::string(AutosamplerDeviceName(r.ALS_TYPE))};
+    r.DEVICE_NAME = {"SMARTCARD", std::string(kAutosamplerDevice)};
     SetDefaultRacks(r.ALS_TYPE);
     for (int p = 1; p <= kRackCount; ++p) RackId(r, p) = RackId(Config(), p) ? pick(1000, 1099) : 0;
     r.PRO_SCAN = pick(0, 1);

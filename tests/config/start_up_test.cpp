@@ -59,7 +59,7 @@ TEST_F(StartUpTest, ARunningDataSystemIsAnnouncedAndEndsTheProgram) {
     support::FakeDesktop desktop;
     desktop.windows[7] = {"QRN LUMAGEN Class", ""};
     platform::SetWindows(std::make_unique<support::FakeWindows>(desktop));
-    EXPECT_FALSE(StartUp({}));
+    EXPECT_EQ(StartUp({}), StartUpResult::Refused);
     ASSERT_EQ(messages_.size(), 1U);
     EXPECT_EQ(messages_[0].text, "Exit Plasmasuite.");
     EXPECT_EQ(messages_[0].title, "ICP-MS Configuration");
@@ -81,7 +81,7 @@ TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
             std::filesystem::remove(ProgramDir() / name);
         }
         for (const std::string& name : present) WriteProgramFile(name, "MZ");
-        ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+        ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
         EXPECT_EQ(Config().ADDON_FLAGS, flags) << present.size();
     }
 }
@@ -89,7 +89,7 @@ TEST_F(StartUpTest, AddOnFlagsCarryTheLastLengthOver) {
 // A profile whose "[WSX]" lacks "Applications" (or no profile at all) makes a new station.
 TEST_F(StartUpTest, AProfileWithoutApplicationsIsOverwrittenByANewStation) {
     WriteBytes(StationProfile(), "[WSX]\r\nPath=X\r\n[WSX,1]\r\nALS_TYPE=5\r\nDSS_LOAD=77\r\n");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
     EXPECT_EQ(Config().ALS_TYPE, 0);
     EXPECT_EQ(ReadSingleValue("WSX,1", "DSS_LOAD"), "10");
     EXPECT_EQ(ReadSingleValue("WSX", "Path"), Root());
@@ -102,22 +102,22 @@ TEST_F(StartUpTest, AProfileWithoutApplicationsIsOverwrittenByANewStation) {
 TEST_F(StartUpTest, LogonOnlyForAnInteractiveStartWithSecurity) {
     UseLogon(0, "Chemist");
     WriteProgramFile("ACSLVL.IST", "[Lumacfg]\r\nCONTROL\\Security=Chemist\r\n");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
     EXPECT_EQ(logons_, 0);
     EXPECT_EQ(Config().CAN_EDIT, 1);
 
-    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = true}), StartUpResult::Continue);
     EXPECT_EQ(logons_, 1);
     EXPECT_EQ(Config().CAN_EDIT, 1);
 
     UseLogon(1, "Nobody");  // refused: the program ends after the remaining steps
-    EXPECT_FALSE(StartUp({.commandLineEmpty = true}));
+    EXPECT_EQ(StartUp({.commandLineEmpty = true}), StartUpResult::Refused);
     EXPECT_EQ(logons_, 2);
     EXPECT_EQ(Config().CAN_EDIT, 0);
 
     // Set-up mode ("automate" read leniently, 2.5 rounding to 2) never logs on.
     WriteProgramFile("lumacfg.ini", "[Database]\r\nAUTOMATE= 2.5\r\n");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = true}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = true}), StartUpResult::Continue);
     EXPECT_EQ(Config().AUTOMATE, 2);
     EXPECT_EQ(logons_, 2);
 }
@@ -141,11 +141,12 @@ TEST_F(StartUpTest, GroupTestComparesPaddedTexts) {
 }
 
 TEST_F(StartUpTest, TheThirdSecurityStateBecomesOn) {
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));  // creates the station
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}),
+              StartUpResult::Continue);  // creates the station
     ASSERT_EQ(WriteConfigurationID(-1), 1);
     ProfileSet("WSX,1", "_SECURITY", "-1");
     ProfileSet("WSX,1", "_ALWAYSPRT", "0");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
     EXPECT_EQ(Config().SECURITY, 1);
     EXPECT_EQ(Config().ALWAYSPRT, -1);
     EXPECT_EQ(ReadConfigurationID(), 1);
@@ -155,9 +156,9 @@ TEST_F(StartUpTest, TheThirdSecurityStateBecomesOn) {
 
 TEST_F(StartUpTest, ClosingInSetUpModeRemovesTheAutomationKey) {
     WriteProgramFile("lumacfg.ini", "[database]\r\nautomate=1\r\nserver=db1\r\n");
-    ASSERT_TRUE(StartUp({.commandLineEmpty = false}));
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
     Config().SAVE_REQ = 0;
-    CloseStation();
+    EXPECT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
     EXPECT_EQ(ReadBytes(ProgramDir() / "lumacfg.ini"), "[database]\r\nserver=db1\r\n");
 }
 

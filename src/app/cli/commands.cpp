@@ -1,5 +1,6 @@
 #include "app/cli/commands.h"
 
+#include <functional>
 #include <limits>
 #include <optional>
 #include <string_view>
@@ -8,6 +9,7 @@
 #include "config/config_record.h"
 #include "config/record_fields.h"
 #include "config/start_up.h"
+#include "config/station_batch.h"
 #include "platform/services.h"
 #include "racks/custom_racks.h"
 
@@ -25,6 +27,27 @@ int Usage(std::ostream& err) {
     return kExitUsage;
 }
 
+// Names every file that could not be read or written. A command that succeeded otherwise
+// exits 4; one that already failed keeps its own exit code.
+int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, std::ostream& err) {
+    for (const platform::FileFailure& failure : failures) {
+        err << "lumacfg-cli: " << platform::Describe(failure) << '\n';
+    }
+    return exit == kExitOk && !failures.empty() ? kExitFileFailed : exit;
+}
+
+// Runs a command in one batch, so each file it changes is written once, after all its changes;
+// then reports what could not be read or written.
+int InOneBatch(const std::function<int()>& command, std::ostream& err) {
+    int exit = kExitOk;
+    {
+        StationBatch batch;
+        exit = command();
+        batch.End();
+    }
+    return WithFailures(exit, platform::Failures().Take(), err);
+}
+
 // profile get|set|delete: one call of the profile engine.
 int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.size() < 2) return Usage(err);
@@ -36,40 +59,47 @@ int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ost
         auto read = profiles.GetString(args[2], args[3], args[4], defaultText,
                                        std::numeric_limits<std::size_t>::max());
         out << read.text << '\n';
-        return kExitOk;
-    }
-    bool written = false;
-    if (verb == "set" && count == 6) {
-        written = profiles.WriteString(args[2], args[3], args[4], args[5]);
+    } else if (verb == "set" && count == 6) {
+        profiles.WriteString(args[2], args[3], args[4], args[5]);
     } else if (verb == "delete" && (count == 4 || count == 5)) {
         std::optional<std::string_view> key;
         if (count == 5) key = args[4];
-        written = profiles.WriteString(args[2], args[3], key, std::nullopt);
+        profiles.WriteString(args[2], args[3], key, std::nullopt);
     } else {
         return Usage(err);
     }
-    if (!written) err << "lumacfg-cli: cannot write " << args[2] << '\n';
-    return kExitOk;
+    return WithFailures(kExitOk, platform::Failures().Take(), err);
 }
 
 // Start-up as the window runs it, with a command line that is never empty (no logon).
-bool StartStation() {
-    return StartUp(StartUpOptions{.commandLineEmpty = false});
+int StartStation() {
+    switch (StartUp(StartUpOptions{.commandLineEmpty = false})) {
+        case StartUpResult::Continue:
+            return kExitOk;
+        case StartUpResult::Refused:
+            return kExitStartUpRefused;
+        case StartUpResult::Failed:
+            return kExitFileFailed;
+    }
+    return kExitFileFailed;
 }
 
 int RunShow(std::ostream& out) {
-    if (!StartStation()) return kExitStartUpRefused;
+    if (int refused = StartStation(); refused != kExitOk) return refused;
     PrintRecord(out, Config());
     return kExitOk;
 }
 
 // What the window loads before it is shown, then what closing it writes after a Save.
 int RunSave() {
-    if (!StartStation()) return kExitStartUpRefused;
+    if (int refused = StartStation(); refused != kExitOk) return refused;
     (void)LoadCurrentTray();
     RackTrays().WorkingTray = RackTrays().CurrentTray;
     Config().SAVE_REQ = 1;
-    CloseStation();
+    for (const platform::FileFailure& failure : CloseStation()) {
+        // Kept for the report at the end of the command, with the failures of its writes.
+        platform::Failures().Report(failure.operation, failure.path, failure.reason);
+    }
     return kExitOk;
 }
 
@@ -80,9 +110,9 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
     if (args.size() > 1) return Usage(err);
-    if (command == "show") return RunShow(out);
-    if (command == "save") return RunSave();
-    if (command == "tray") return RunTrayCommand(out);
+    if (command == "show") return InOneBatch([&] { return RunShow(out); }, err);
+    if (command == "save") return InOneBatch(RunSave, err);
+    if (command == "tray") return InOneBatch([&] { return RunTrayCommand(out); }, err);
     return Usage(err);
 }
 
