@@ -1,48 +1,25 @@
 // The headless front end run as a program on a temporary station.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdio>
 #include <vector>
 
 #include "platform/posix/backends.h"
+#include "support/cli_runner.h"
 #include "support/temp_station.h"
 
 namespace lumacfg {
 namespace {
 
 namespace fs = std::filesystem;
+using support::CliResult;
 using support::ReadBytes;
+using support::RunCli;
 using support::TempStation;
 using support::WriteBytes;
 
-struct CliResult {
-    int exit = -1;
-    std::string out, err;
-};
-
 class CliTest : public TempStation {
   protected:
-    // Runs lumacfg-cli with the arguments, each quoted for the shell, and collects its output.
-    CliResult Run(const std::vector<std::string>& args) {
-        const std::string errFile = (root_ / "stderr.txt").string();
-        std::string command = LUMACFG_CLI_PATH;
-        for (const std::string& arg : args) {
-            command += " '";
-            for (char c : arg) command += c == '\'' ? std::string("'\\''") : std::string(1, c);
-            command += "'";
-        }
-        command += " 2>'" + errFile + "'";
-        CliResult result;
-        FILE* pipe = ::popen(command.c_str(), "r");
-        char chunk[4096];
-        while (std::size_t got = std::fread(chunk, 1, sizeof chunk, pipe))
-            result.out.append(chunk, got);
-        int status = ::pclose(pipe);
-        result.exit = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        result.err = ReadBytes(errFile).value_or("");
-        return result;
-    }
+    CliResult Run(const std::vector<std::string>& args) { return RunCli(args, root_); }
 };
 
 TEST_F(CliTest, ShowCreatesANewStationAndSaveOfItChangesNothing) {
