@@ -247,7 +247,8 @@ void LoadStandardSelection(NumberReader& reader, std::int16_t tray, TraySelectio
 
 // A custom tray: all of its RACK_X_NUM racks, or the default selection when any of them is
 // missing or invalid. A tray has at most 9 positions, so a larger count is faulty too.
-void LoadCustomSelection(NumberReader& reader, std::int16_t tray, TraySelection& sel) {
+// True when the default selection stands instead of the file's.
+bool LoadCustomSelection(NumberReader& reader, std::int16_t tray, TraySelection& sel) {
     const auto count = reader.Read(kCurrentSection, "RACK_X_NUM", 0);
     const RackList9 racks = ReadCurrentRacks(reader, tray, count.value_or(0));
     const auto used = static_cast<std::size_t>(std::max(count.value_or(0), 0));
@@ -256,11 +257,12 @@ void LoadCustomSelection(NumberReader& reader, std::int16_t tray, TraySelection&
         std::find(racks.begin(), racks.begin() + used, kNoId) == racks.begin() + used;
     if (!complete) {
         SetDefaultTraySelection(sel);
-        return;
+        return true;
     }
     ResetTraySelection(sel);
     sel.tray = tray;
     std::copy(racks.begin(), racks.begin() + used, sel.rack.begin());
+    return false;
 }
 
 bool WriteTrayIds(TraySelection& sel) {
@@ -333,6 +335,7 @@ void SetDefaultTraySelection(TraySelection& sel) {
 }
 
 bool IsCurrentTrayIdValid(std::optional<CustrackNumberError>* numberError) {
+    CustrackPass pass;
     NumberReader reader;
     const bool valid = ReadValidCurrentTrayId(reader).has_value();
     reader.ReportTo(numberError);
@@ -341,6 +344,7 @@ bool IsCurrentTrayIdValid(std::optional<CustrackNumberError>* numberError) {
 
 bool IsRackValidForTray(std::int16_t trayId, std::int16_t rackId,
                         std::optional<CustrackNumberError>* numberError) {
+    CustrackPass pass;
     NumberReader reader;
     const bool valid = RackValidForTray(reader, trayId, rackId);
     reader.ReportTo(numberError);
@@ -348,12 +352,14 @@ bool IsRackValidForTray(std::int16_t trayId, std::int16_t rackId,
 }
 
 std::optional<CustrackNumberError> LoadCustomTrays() {
+    CustrackPass pass;
     NumberReader reader;
     LoadList(reader, TrayList());
     return reader.error();
 }
 
 std::optional<CustrackNumberError> LoadCustomRacks() {
+    CustrackPass pass;
     NumberReader reader;
     LoadList(reader, RackList());
     return reader.error();
@@ -361,31 +367,52 @@ std::optional<CustrackNumberError> LoadCustomRacks() {
 
 TrayLoadResult LoadCurrentTray() {
     ResetCustomDefs();
+    CustrackPass pass;
     NumberReader reader;
-    const auto tray = ReadValidCurrentTrayId(reader);
-    if (!tray) return {false, reader.error()};
-    TraySelection& current = RackTrays().CurrentTray;
-    if (IsStandardTrayId(*tray)) {
-        LoadStandardSelection(reader, *tray, current);
-    } else {
-        LoadCustomSelection(reader, *tray, current);
+    TrayLoadResult result;
+    if (const auto tray = ReadValidCurrentTrayId(reader)) {
+        TraySelection& current = RackTrays().CurrentTray;
+        if (IsStandardTrayId(*tray)) {
+            LoadStandardSelection(reader, *tray, current);
+        } else {
+            result.defaultInstead = LoadCustomSelection(reader, *tray, current);
+        }
+        // The rack-on-tray tests above read the rack sections from the file; the tables are
+        // loaded only now.
+        LoadList(reader, TrayList());
+        LoadList(reader, RackList());
+        result.loaded = true;
     }
-    // The rack-on-tray tests above read the rack sections from the file; the tables are
-    // loaded only now.
-    LoadList(reader, TrayList());
-    LoadList(reader, RackList());
-    return {true, reader.error()};
+    result.numberError = reader.error();
+    RackTrays().LastLoad = result;
+    return result;
 }
 
 bool SaveCurrentTray() {
-    if (!IsCurrentTrayIdValid()) return true;
-    TraySelection& working = RackTrays().WorkingTray;
+    RackTrayState& state = RackTrays();
+    // A selection made from a load that met a value that is not a number may rest on a table
+    // cut short or on a fallback: the file's selection is kept until the file is repaired.
+    if (state.LastLoad && state.LastLoad->numberError) {
+        ReportNumberError(*state.LastLoad->numberError);
+        return false;
+    }
+    if (state.LastLoad && !state.LastLoad->loaded) return true;
+    if (state.LastLoad && state.LastLoad->defaultInstead &&
+        state.WorkingTray == state.CurrentTray) {
+        return true;
+    }
     // The section is rewritten whole and the file written once.
-    platform::Profiles().BeginBatch();
+    CustrackPass pass;
+    std::optional<CustrackNumberError> numberError;
+    if (!IsCurrentTrayIdValid(&numberError)) {
+        if (!numberError) return true;
+        ReportNumberError(*numberError);
+        return false;
+    }
     const bool deleted = DeleteCustrackSection(kCurrentSection);
-    const bool idsWritten = WriteTrayIds(working);
-    const bool racksWritten = WriteRacks(working);
-    const bool fileWritten = platform::Profiles().EndBatch();
+    const bool idsWritten = WriteTrayIds(state.WorkingTray);
+    const bool racksWritten = WriteRacks(state.WorkingTray);
+    const bool fileWritten = pass.End();
     return deleted && idsWritten && racksWritten && fileWritten;
 }
 

@@ -75,12 +75,24 @@ struct TraySelection {
     bool operator==(const TraySelection&) const = default;
 };
 
+// What LoadCurrentTray found.
+struct TrayLoadResult {
+    bool loaded = false;  // false: no valid current tray; tables empty, selection none
+    std::optional<CustrackNumberError> numberError;  // first value that was not a number
+    // A custom tray whose racks could not all be loaded: CurrentTray is the default selection
+    // instead of the file's.
+    bool defaultInstead = false;
+};
+
 // The process-wide tables and selections, part of the station's configuration.
 struct RackTrayState {
     std::array<CustomTrayDef, kCustomSlots> CustomTrays;
     std::array<CustomRackDef, kCustomSlots> CustomRacks;
     TraySelection CurrentTray;  // as loaded from custrack.ini
     TraySelection WorkingTray;  // as being edited; written back by SaveCurrentTray
+    // The last LoadCurrentTray since the tables were emptied: whether the file's selection
+    // may be replaced by WorkingTray.
+    std::optional<TrayLoadResult> LastLoad;
 };
 RackTrayState& RackTrays();
 
@@ -108,17 +120,20 @@ bool IsRackValidForTray(std::int16_t trayId, std::int16_t rackId,
 [[nodiscard]] std::optional<CustrackNumberError> LoadCustomTrays();
 [[nodiscard]] std::optional<CustrackNumberError> LoadCustomRacks();
 
-struct TrayLoadResult {
-    bool loaded = false;  // false: no valid current tray; tables empty, selection none
-    std::optional<CustrackNumberError> numberError;  // first value that was not a number
-};
-
-// Empties the tables, then loads CurrentTray and both tables from custrack.ini.
+// Empties the tables, then loads CurrentTray and both tables from custrack.ini in one pass
+// over the file, and keeps the result in LastLoad.
 [[nodiscard]] TrayLoadResult LoadCurrentTray();
 
 // Rewrites "[CURRENT]" from WorkingTray (a WorkingTray without a tray becomes the default
-// selection first). Does nothing when the file has no valid current tray. False when a write
-// failed.
+// selection first), in one pass that writes the file once. "[CURRENT]" is left exactly as it
+// stands, and nothing written, when:
+// - the file has no valid current tray now;
+// - the last load found no valid current tray (the working selection comes from nothing);
+// - the last load, or the check of the current tray now, met a value that is not a number:
+//   the value is reported to platform::Failures() and the result is false;
+// - the last load fell back to the default selection and WorkingTray still is that fallback
+//   (nobody chose a selection, and the file's waits for its racks to be repaired).
+// False when the file could not be written or a value was not a number.
 bool SaveCurrentTray();
 
 std::string RackNameFromId(std::int16_t id);

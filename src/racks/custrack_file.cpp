@@ -32,6 +32,18 @@ std::optional<std::int32_t> WholeNumber(std::string_view text) {
     return RoundToInt32(negative ? -magnitude : magnitude);
 }
 
+// The passes open now, and the file as the outermost one found it: a pass finds the program's
+// directory once, not once per value.
+int openPasses = 0;
+std::string& PassPath() {
+    static std::string path;
+    return path;
+}
+
+std::string FilePath() {
+    return openPasses > 0 ? PassPath() : CustrackPath();
+}
+
 }  // namespace
 
 std::string CustrackPath() {
@@ -42,6 +54,31 @@ std::string DescribeNumberError(const CustrackNumberError& error) {
     return "[" + error.section + "] " + error.key + "=" + error.text;
 }
 
+std::string NumberErrorReason(const CustrackNumberError& error) {
+    return "[" + error.section + "] " + error.key + ": \"" + error.text + "\" is not a number";
+}
+
+void ReportNumberError(const CustrackNumberError& error) {
+    platform::Failures().Report(platform::FileOperation::Read, platform::HostPath(FilePath()),
+                                NumberErrorReason(error));
+}
+
+CustrackPass::CustrackPass() {
+    if (openPasses++ == 0) PassPath() = CustrackPath();
+    platform::Profiles().BeginBatch();
+}
+
+CustrackPass::~CustrackPass() {
+    if (open_) (void)End();
+}
+
+bool CustrackPass::End() {
+    if (!open_) return true;
+    open_ = false;
+    --openPasses;
+    return platform::Profiles().EndBatch();
+}
+
 CustrackText ReadCustrackString(std::string_view section, std::string_view key,
                                 std::string_view defaultText, int size) {
     std::string text;
@@ -49,8 +86,7 @@ CustrackText ReadCustrackString(std::string_view section, std::string_view key,
         text = defaultText;
     } else if (size >= 1) {
         text = platform::Profiles()
-                   .GetString(CustrackPath(), section, key, defaultText,
-                              static_cast<std::size_t>(size))
+                   .GetString(FilePath(), section, key, defaultText, static_cast<std::size_t>(size))
                    .text;
         if (text != defaultText) text = CutAtNul(text);
     }
@@ -69,12 +105,12 @@ CustrackInt ReadCustrackInt(std::string_view section, std::string_view key,
 
 bool WriteCustrackString(std::string_view section, std::string_view key, std::string_view value) {
     if (section.empty() || key.empty()) return false;
-    return platform::Profiles().WriteString(CustrackPath(), section, key, value);
+    return platform::Profiles().WriteString(FilePath(), section, key, value);
 }
 
 bool DeleteCustrackSection(std::string_view section) {
     if (section.empty()) return false;
-    return platform::Profiles().WriteString(CustrackPath(), section, std::nullopt, std::nullopt);
+    return platform::Profiles().WriteString(FilePath(), section, std::nullopt, std::nullopt);
 }
 
 }  // namespace lumacfg

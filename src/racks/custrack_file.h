@@ -1,6 +1,7 @@
 // Access to "custrack.ini", the file beside the program that holds the site's custom trays and
-// racks and the tray fitted to the autosampler. The file is found anew in the program's
-// directory on every call and read and written through the platform's profile service.
+// racks and the tray fitted to the autosampler. It is read and written through the platform's
+// profile service. Outside a CustrackPass the file is found anew in the program's directory on
+// every call; a pass finds it once and makes its calls one pass over the file.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +24,33 @@ struct CustrackNumberError {
     std::string text;
 };
 
-// "[SECTION] KEY=TEXT", for messages and listings.
+// "[SECTION] KEY=TEXT", for listings.
 std::string DescribeNumberError(const CustrackNumberError& error);
+
+// "[SECTION] KEY: "TEXT" is not a number", the reason given when the file is reported as one
+// that cannot be read as its format requires.
+std::string NumberErrorReason(const CustrackNumberError& error);
+
+// Reports custrack.ini (its path on the disk) with the reason above to platform::Failures().
+void ReportNumberError(const CustrackNumberError& error);
+
+// One pass over custrack.ini: while a pass is open, the profile service holds the file parsed
+// in memory, so each read is a lookup instead of a read of the whole file, and every change is
+// written once, when the outermost pass (or other profile batch) ends. Passes nest.
+class CustrackPass {
+  public:
+    CustrackPass();
+    ~CustrackPass();  // ends the pass when End was not called
+    CustrackPass(const CustrackPass&) = delete;
+    CustrackPass& operator=(const CustrackPass&) = delete;
+
+    // Ends the pass; false when a changed file could not be written (reported to
+    // platform::Failures()).
+    bool End();
+
+  private:
+    bool open_ = true;
+};
 
 struct CustrackText {
     std::string text;

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <sstream>
 #include <string>
 
@@ -53,6 +55,14 @@ inline std::string Tray(int id, std::string changes = "") {
                        "DEFRACK1=1000;DEFRACK2=1001;DEFRACK3=21;BOTTLE_X_NUM=2;BOTTLE_X_ORG=5;"
                        "BOTTLE_Y_ORG=6;BOTTLE_X_DIST=7;BOTTLE_DEPTH=8"),
                    changes);
+}
+
+// The tray id, then the racks of positions 1, 2, ...
+inline TraySelection Selection(std::initializer_list<std::int16_t> trayAndRacks) {
+    TraySelection selection;
+    selection.tray = *trayAndRacks.begin();
+    std::copy(trayAndRacks.begin() + 1, trayAndRacks.end(), selection.rack.begin());
+    return selection;
 }
 
 class CustrackTest : public ::testing::Test {

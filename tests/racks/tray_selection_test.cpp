@@ -7,14 +7,8 @@ namespace lumacfg {
 namespace {
 
 using support::Ini;
+using support::Selection;
 
-// The tray id, then the racks of positions 1, 2, ...
-TraySelection Selection(std::initializer_list<std::int16_t> trayAndRacks) {
-    TraySelection selection;
-    selection.tray = *trayAndRacks.begin();
-    std::copy(trayAndRacks.begin() + 1, trayAndRacks.end(), selection.rack.begin());
-    return selection;
-}
 const TraySelection kDefault = Selection({0, 21, 60, 60, 60});
 const TraySelection kNone = Selection({-1});
 
