@@ -1,4 +1,5 @@
-// The machine-wide registry store: its ".reg" text and the keys opened on it.
+// The machine-wide registry store on disk: keys opened on it, failures reported, batches.
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -6,12 +7,14 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/posix/reg_document.h"
+#include "platform/services.h"
 #include "support/scoped_env.h"
 #include "support/temp_dir.h"
 
@@ -19,71 +22,36 @@ namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::ReadBytes;
 using support::ScopedEnv;
 using support::TempDir;
 using support::WriteBytes;
 
 constexpr const char* kKey = "SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion";
+constexpr const char* kPorts = "SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Ports";
 
-// A store with one key of ours, lines of kinds the store does not write, and a second key.
 const std::string kStore =
     "Windows Registry Editor Version 5.00\r\n"
     "\r\n"
-    "; exported by the installation\r\n"
     "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n"
     "\"Path\"=\"C:\\\\Plasmasuite\\\\\"\r\n"
     "\"HardWare\"=dword:00000002\r\n"
     "\"Blob\"=hex:01,02,03,\\\r\n"
     "  04,05\r\n"
-    "@=\"default\"\r\n"
     "\r\n"
     "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed]\r\n"
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n"
-    "\"Path\"=\"elsewhere\"\r\n";
-
-TEST(RegDocumentTest, ReadsValuesOfEveryKind) {
-    RegDocument document(kStore);
-    const std::string key = std::string("hkey_local_machine\\") + kKey;
-    EXPECT_EQ(document.Get(key, "path").value().text, "C:\\Plasmasuite\\");
-    EXPECT_EQ(document.Get(key, "HARDWARE").value().dword, 2u);
-    EXPECT_EQ(document.Get(key, "Blob").value().kind, RegValue::Kind::Other);
-    EXPECT_EQ(document.Get(key, "").value().text, "default");
-    EXPECT_FALSE(document.Get(key, "Missing"));
-    EXPECT_FALSE(document.HasKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed"));
-    EXPECT_EQ(document.Get("HKEY_LOCAL_MACHINE\\SOFTWARE\\OTHER", "Path").value().text,
-              "elsewhere");
-}
-
-TEST(RegDocumentTest, WritesChangeOnlyTheirLine) {
-    const std::string key = std::string("HKEY_LOCAL_MACHINE\\") + kKey;
-    RegDocument document(kStore);
-    EXPECT_FALSE(document.SetDword("HKEY_LOCAL_MACHINE\\SOFTWARE\\Nowhere", "X", 1));
-    EXPECT_EQ(document.Bytes(), kStore);
-    EXPECT_TRUE(document.SetDword(key, "hardware", 0x0890F76Fu));         // the store's spelling
-    EXPECT_TRUE(document.SetDword(key, "ConfigurationID", 0xFFFFFFFFu));  // after the last value
-    EXPECT_TRUE(document.SetString(key, "PATH", "D:\\Data \"x\""));
-    EXPECT_TRUE(document.SetString(key, "VLT_TEMP", std::string("C:\\T\0junk", 9)));  // to NUL
-    EXPECT_TRUE(document.SetString(key, "blob", "text"));  // a continued value replaced whole
-    EXPECT_EQ(document.Bytes(),
-              "Windows Registry Editor Version 5.00\r\n"
-              "\r\n"
-              "; exported by the installation\r\n"
-              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n"
-              "\"Path\"=\"D:\\\\Data \\\"x\\\"\"\r\n"
-              "\"HardWare\"=dword:0890f76f\r\n"
-              "\"Blob\"=\"text\"\r\n"
-              "@=\"default\"\r\n"
-              "\"ConfigurationID\"=dword:ffffffff\r\n"
-              "\"VLT_TEMP\"=\"C:\\\\T\"\r\n"
-              "\r\n"
-              "[-HKEY_LOCAL_MACHINE\\SOFTWARE\\Removed]\r\n"
-              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Other]\r\n"
-              "\"Path\"=\"elsewhere\"\r\n");
-}
+    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Ports]\r\n"
+    "\"COM1:\"=\"9600,n,8,1\"\r\n";
 
 class RegistryStoreTest : public ::testing::Test {
   protected:
-    void SetUp() override { WriteBytes(store_, kStore); }
+    void SetUp() override {
+        ResetServices();
+        WriteBytes(store_, kStore);
+    }
+    void TearDown() override { ResetServices(); }
+
+    std::string Bytes() const { return ReadBytes(store_).value_or("<missing>"); }
 
     TempDir temp_{"lumacfg-reg"};
     fs::path dir_ = temp_.Path();
@@ -98,6 +66,7 @@ TEST_F(RegistryStoreTest, ValuesSurviveReopeningAndTheStoreKeepsItsPermissions) 
         ASSERT_TRUE(key);
         EXPECT_TRUE(key->SetDword("ConfigurationID", 0x0890F76Fu));
         EXPECT_TRUE(key->SetString("VLT_LCD", "C:\\LCD \"x\"\\"));
+        EXPECT_TRUE(key->SetString("Notes", "line 1\r\nline 2"));
         EXPECT_TRUE(key->SetString("path", "E:\\"));
     }
     auto key = MakeRegistry()->OpenKey("software\\corvane instruments\\PLASMASUITE\\currentversion",
@@ -105,32 +74,169 @@ TEST_F(RegistryStoreTest, ValuesSurviveReopeningAndTheStoreKeepsItsPermissions) 
     ASSERT_TRUE(key);
     EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);
     EXPECT_EQ(key->QueryString("vlt_lcd"), "C:\\LCD \"x\"\\");
+    EXPECT_EQ(key->QueryString("notes"), "line 1\r\nline 2");
     EXPECT_EQ(key->QueryString("Path"), "E:\\");
     EXPECT_EQ(key->QueryString("HardWare"), std::nullopt);  // a dword is no string
-    EXPECT_EQ(key->QueryDword("Path"), std::nullopt);
-    EXPECT_EQ(key->QueryDword("Missing"), std::nullopt);
+    EXPECT_EQ(key->QueryString("Blob"), std::nullopt);
     EXPECT_FALSE(key->SetDword("HardWare", 5));  // opened for reading only
 
     struct stat info {};
     ASSERT_EQ(::stat(store_.c_str(), &info), 0);
     EXPECT_EQ(info.st_mode & 07777, 0600u);
     EXPECT_EQ(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()), 1);
+    EXPECT_TRUE(Failures().Take().empty());
 }
 
 TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
     auto registry = MakeRegistry();
     EXPECT_FALSE(registry->OpenKey("SOFTWARE\\Corvane Instruments", RegistryAccess::Read));
     EXPECT_FALSE(registry->OpenKey("SOFTWARE\\Removed", RegistryAccess::Read));
-    EXPECT_TRUE(registry->OpenKey("SOFTWARE\\Other", RegistryAccess::SetValue));
+    EXPECT_TRUE(registry->OpenKey(std::string(kPorts) + '\0', RegistryAccess::SetValue));
+    registryEnv_.Set((dir_ / "absent.reg").string());
+    EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::Read));
+    EXPECT_TRUE(Failures().Take().empty());  // a missing key or store is no file failure
 
+    registryEnv_.Set(store_);
     ASSERT_EQ(::chmod(store_.c_str(), 0444), 0);  // refused even to the super-user
     EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::SetValue));
+    EXPECT_EQ(Failures().Take(),
+              (std::vector<FileFailure>{{FileOperation::Write, store_, "Permission denied"}}));
     auto key = registry->OpenKey(kKey, RegistryAccess::Read);
     ASSERT_TRUE(key);
     EXPECT_EQ(key->QueryDword("HardWare"), 2u);
+    EXPECT_EQ(Bytes(), kStore);
+}
 
-    registryEnv_.Set((dir_ / "absent.reg").string());
-    EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::Read));
+// A store that cannot be read, or is no registry file, holds no keys, is reported and is never
+// written.
+TEST_F(RegistryStoreTest, UnreadableStoresAreReportedAndKept) {
+    struct Case {
+        const char* what;
+        std::function<void()> make;
+        std::string reason;  // "" for the operating system's words
+    };
+    const std::string notAStore =
+        "not a registry file (its first line is not \"Windows Registry Editor Version 5.00\")";
+    const Case cases[] = {
+        {"directory", [&] { fs::create_directory(store_); }, ""},
+        {"FIFO", [&] { ::mkfifo(store_.c_str(), 0644); }, ""},
+        {"no read permission",
+         [&] {
+             WriteBytes(store_, kStore);
+             ::chmod(store_.c_str(), 0200);
+         },
+         ""},
+        {"profile text", [&] { WriteBytes(store_, "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft]\n"); },
+         notAStore},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        fs::remove_all(store_);
+        c.make();
+        if (c.reason.empty() && fs::is_regular_file(store_) && ::geteuid() == 0) {
+            continue;  // the super-user reads a file without read permission
+        }
+        // Only a regular file is read back: opening a FIFO would wait for a writer.
+        auto bytes = [&] { return fs::is_regular_file(store_) ? ReadBytes(store_) : std::nullopt; };
+        const std::optional<std::string> before = bytes();
+        auto registry = MakeRegistry();
+        EXPECT_FALSE(registry->OpenKey(kPorts, RegistryAccess::Read));
+        registry->BeginBatch();
+        EXPECT_FALSE(registry->OpenKey(kPorts, RegistryAccess::SetValue));
+        EXPECT_TRUE(registry->EndBatch());  // nothing to write
+        std::vector<FileFailure> failures = Failures().Take();
+        ASSERT_EQ(failures.size(), 1u);
+        EXPECT_EQ(failures[0].operation, FileOperation::Read);
+        EXPECT_EQ(failures[0].path, store_);
+        if (c.reason.empty()) {
+            EXPECT_NE(failures[0].reason, "");  // the operating system's words
+        } else {
+            EXPECT_EQ(failures[0].reason, c.reason);
+        }
+        EXPECT_EQ(bytes(), before);
+    }
+}
+
+// How often a file of `dir` was renamed into place while `body` ran.
+template <typename Body>
+int ReplacementsIn(const fs::path& dir, Body body) {
+    int watch = ::inotify_init1(IN_NONBLOCK);
+    ::inotify_add_watch(watch, dir.c_str(), IN_MOVED_TO);
+    body();
+    int count = 0;
+    alignas(inotify_event) char buffer[4096];
+    for (ssize_t got; (got = ::read(watch, buffer, sizeof buffer)) > 0;) {
+        for (char* p = buffer; p < buffer + got; ++count) {
+            p += sizeof(inotify_event) + reinterpret_cast<inotify_event*>(p)->len;
+        }
+    }
+    ::close(watch);
+    return count;
+}
+
+// The registry values a save sets, each through a key opened for it, as the save opens them.
+void SetSaveValues(Registry& registry) {
+    auto set = [&](const char* key, std::function<bool(RegistryKey&)> edit) {
+        auto opened = registry.OpenKey(key, RegistryAccess::SetValue);
+        ASSERT_TRUE(opened);
+        EXPECT_TRUE(edit(*opened));
+    };
+    set(kKey, [](RegistryKey& k) { return k.SetDword("ConfigurationID", 0x0890F76F); });
+    set(kKey, [](RegistryKey& k) { return k.SetDword("EnableVLTIntegration", 1); });
+    set(kKey, [](RegistryKey& k) { return k.SetString("VLT_LCD", "D:\\VLT"); });
+    set(kKey, [](RegistryKey& k) { return k.SetString("VLT_TEMP", "C:\\TEMP"); });
+    set(kKey, [](RegistryKey& k) { return k.SetDword("HardWare", 1); });
+    set(kPorts,
+        [](RegistryKey& k) { return k.SetString("COM1:", std::string("9600,o,7,1\0", 11)); });
+}
+
+TEST_F(RegistryStoreTest, BatchWritesOnceWithTheBytesOfOneByOneSets) {
+    SetSaveValues(*MakeRegistry());
+    const std::string oneByOne = Bytes();
+    WriteBytes(store_, kStore);
+
+    auto registry = MakeRegistry();
+    int replacements = ReplacementsIn(dir_, [&] {
+        registry->BeginBatch();
+        registry->BeginBatch();  // nested: only the outermost end writes
+        SetSaveValues(*registry);
+        auto key = registry->OpenKey(kKey, RegistryAccess::Read);
+        ASSERT_TRUE(key);
+        EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);  // the batch's values
+        EXPECT_EQ(key->QueryString("VLT_LCD"), "D:\\VLT");
+        EXPECT_TRUE(registry->EndBatch());
+        EXPECT_EQ(Bytes(), kStore);
+        EXPECT_TRUE(registry->EndBatch());
+    });
+    EXPECT_EQ(replacements, 1);
+    EXPECT_EQ(Bytes(), oneByOne);
+    EXPECT_TRUE(Failures().Take().empty());
+}
+
+// A batch's sets go to the store as it is at its end: another writer's value stays, and a store
+// that became read-only is reported and kept.
+TEST_F(RegistryStoreTest, BatchEndsOnTheStoreAsItIsThen) {
+    auto registry = MakeRegistry();
+    for (bool readOnly : {false, true}) {
+        registry->BeginBatch();
+        auto key = registry->OpenKey(kKey, RegistryAccess::SetValue);
+        ASSERT_TRUE(key);
+        EXPECT_TRUE(key->SetDword("ConfigurationID", readOnly ? 8 : 7));
+        EXPECT_TRUE(MakeRegistry()->OpenKey(kKey, RegistryAccess::SetValue)->SetString("O", "x"));
+        const std::string before = Bytes();
+        ASSERT_EQ(readOnly ? ::chmod(store_.c_str(), 0444) : 0, 0);
+        EXPECT_EQ(registry->EndBatch(), !readOnly);
+        if (readOnly) {
+            EXPECT_EQ(Bytes(), before);
+            std::vector<FileFailure> failures = Failures().Take();
+            ASSERT_EQ(failures.size(), 1u);
+            EXPECT_EQ(failures[0].operation, FileOperation::Write);
+            EXPECT_EQ(failures[0].path, store_);
+        }
+    }
+    auto key = MakeRegistry()->OpenKey(kKey, RegistryAccess::Read);
+    EXPECT_EQ(key->QueryDword("ConfigurationID"), 7u);
+    EXPECT_EQ(key->QueryString("o"), "x");
 }
 
 // Writers in several processes at once lose none of each other's values.
