@@ -16,13 +16,17 @@ class FileSystem {
     // Length of a file in bytes; nullopt when it cannot be asked (missing file).
     virtual std::optional<std::uint64_t> FileLength(std::string_view path) = 0;
     virtual bool Exists(std::string_view path) = 0;  // file or directory
-    // Copies source over target, replacing it; false on any failure.
+    // Copies source over target, replacing it; false on any failure. A source that is there but
+    // cannot be read, and a target that cannot be written, are reported to Failures().
     virtual bool CopyFile(std::string_view source, std::string_view target) = 0;
     virtual bool DeleteFile(std::string_view path) = 0;
     // Names (not paths) of the regular files of a directory, sorted by name.
     virtual std::vector<std::string> ListFiles(std::string_view directory) = 0;
+    // The whole file; nullopt when it is missing (silently) or cannot be read (reported to
+    // Failures()).
     virtual std::optional<std::string> ReadFile(std::string_view path) = 0;
-    // Replaces a file atomically with the given bytes.
+    // Replaces a file atomically with the given bytes; false when it cannot be written
+    // (reported to Failures()).
     virtual bool WriteFile(std::string_view path, std::string_view bytes) = 0;
 };
 

@@ -5,13 +5,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 
 namespace lumacfg::platform::posix {
 namespace {
+
+std::string OsWords(int error) {
+    return std::strerror(error);
+}
 
 std::string DirectoryOf(const std::string& hostPath) {
     std::size_t slash = hostPath.rfind('/');
@@ -25,14 +28,56 @@ std::string BaseNameOf(const std::string& hostPath) {
     return slash == std::string::npos ? hostPath : hostPath.substr(slash + 1);
 }
 
-bool WriteAll(int fd, std::string_view bytes) {
+// A file descriptor closed when it goes out of scope.
+class Descriptor {
+  public:
+    explicit Descriptor(int fd = -1) : fd_(fd) {}
+    ~Descriptor() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int get() const { return fd_; }
+    void Reset(int fd) {
+        if (fd_ >= 0) ::close(fd_);
+        fd_ = fd;
+    }
+    explicit operator bool() const { return fd_ >= 0; }
+    // Closes now, so that a failure to close (a delayed write error) can be reported.
+    bool Close() {
+        int fd = fd_;
+        fd_ = -1;
+        return ::close(fd) == 0;
+    }
+
+  private:
+    int fd_;
+};
+
+const char* KindOf(mode_t mode) {
+    return S_ISDIR(mode)    ? "a directory"
+           : S_ISFIFO(mode) ? "a FIFO"
+           : S_ISCHR(mode)  ? "a character device"
+           : S_ISBLK(mode)  ? "a block device"
+           : S_ISSOCK(mode) ? "a socket"
+                            : "an unknown kind of file";
+}
+
+// Why something that is not a regular file is refused: "not a regular file (a FIFO)".
+std::string NotRegular(mode_t mode, std::string_view via = "") {
+    return "not a regular file (" + std::string(via) + KindOf(mode) + ")";
+}
+
+bool WriteAll(int fd, std::string_view bytes, off_t offset) {
     while (!bytes.empty()) {
-        ssize_t written = ::write(fd, bytes.data(), bytes.size());
+        ssize_t written = ::pwrite(fd, bytes.data(), bytes.size(), offset);
         if (written < 0) {
             if (errno == EINTR) continue;
             return false;
         }
         bytes.remove_prefix(static_cast<std::size_t>(written));
+        offset += written;
     }
     return true;
 }
@@ -43,41 +88,135 @@ mode_t NewFileMode() {
     return 0666 & ~mask;
 }
 
-bool WriteInPlace(const std::string& hostPath, std::string_view bytes) {
-    int fd = ::open(hostPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (fd < 0) return false;
-    bool ok = WriteAll(fd, bytes) && ::fsync(fd) == 0;
-    return ::close(fd) == 0 && ok;
+// The file a write of the path lands on: the path itself, or the final target of a symbolic
+// link (so the link stays a link).
+struct Target {
+    std::string path;
+    bool exists = false;
+    struct stat info {};
+    std::optional<std::string> problem;  // why it may not be written
+};
+
+Target Resolve(const std::string& linkOrFile) {
+    Target target;
+    target.path = linkOrFile;
+    if (::lstat(linkOrFile.c_str(), &target.info) != 0) {
+        // Nothing there yet: the directory decides whether it may be made.
+        if (errno != ENOENT) {
+            target.problem = OsWords(errno);
+        } else if (::faccessat(AT_FDCWD, DirectoryOf(linkOrFile).c_str(), W_OK | X_OK,
+                               AT_EACCESS) != 0) {
+            target.problem = OsWords(errno);
+        }
+        return target;
+    }
+    target.exists = true;
+    if (S_ISLNK(target.info.st_mode)) {
+        // A dangling link is refused rather than followed: making its target would put a new
+        // station file wherever the link points, which is how a mistyped link hides.
+        char* resolved = ::realpath(linkOrFile.c_str(), nullptr);
+        if (resolved == nullptr) {
+            target.problem = errno == ENOENT ? "a symbolic link to a missing file" : OsWords(errno);
+            return target;
+        }
+        target.path = resolved;
+        std::free(resolved);
+        if (::stat(target.path.c_str(), &target.info) != 0) {
+            target.problem = OsWords(errno);
+            return target;
+        }
+        if (!S_ISREG(target.info.st_mode)) {
+            target.problem = NotRegular(target.info.st_mode, "a symbolic link to ");
+            return target;
+        }
+    }
+    if (!S_ISREG(target.info.st_mode)) {
+        target.problem = NotRegular(target.info.st_mode);
+    } else if ((target.info.st_mode & 0222) == 0) {
+        target.problem = "read-only file";
+    } else if (::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0) {
+        target.problem = OsWords(errno);
+    }
+    return target;
+}
+
+// Writes the existing file in place: its new size is reserved on the disk first, so a full
+// disk refuses the write before a byte of the file changes.
+FileWrite WriteInPlace(const Target& target, std::string_view bytes) {
+    // O_NONBLOCK: should a FIFO have been put at the path since it was looked at, the open
+    // neither waits for a reader nor lets a byte through (the check below refuses it).
+    Descriptor fd(::open(target.path.c_str(), O_WRONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+    if (!fd) return {false, OsWords(errno)};
+    struct stat info {};
+    if (::fstat(fd.get(), &info) != 0) return {false, OsWords(errno)};
+    if (!S_ISREG(info.st_mode)) return {false, NotRegular(info.st_mode)};
+    if (info.st_ino != target.info.st_ino || info.st_dev != target.info.st_dev) {
+        return {false, "the file was replaced while it was being written"};
+    }
+    const auto length = static_cast<off_t>(bytes.size());
+    if (length > 0) {
+        if (int error = ::posix_fallocate(fd.get(), 0, length); error != 0) {
+            return {false, OsWords(error)};
+        }
+    }
+    if (!WriteAll(fd.get(), bytes, 0) || ::ftruncate(fd.get(), length) != 0 ||
+        ::fsync(fd.get()) != 0) {
+        return {false, OsWords(errno)};
+    }
+    if (!fd.Close()) return {false, OsWords(errno)};
+    return {true, {}};
+}
+
+void FlushDirectory(const std::string& directory) {
+    Descriptor dir(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (dir) (void)::fsync(dir.get());
+}
+
+// Opens a regular file for reading without opening anything else: the path is first opened
+// as a mere location (O_PATH opens no device and no FIFO), looked at, and only a regular file
+// is then opened for reading through that location.
+FileRead OpenForReading(const std::string& hostPath, Descriptor& fd, struct stat& info) {
+    Descriptor location(::open(hostPath.c_str(), O_PATH | O_CLOEXEC));
+    if (!location) {
+        if (errno == ENOENT) return {FileRead::Status::Missing, {}, {}};
+        return {FileRead::Status::Failed, {}, OsWords(errno)};
+    }
+    if (::fstat(location.get(), &info) != 0) return {FileRead::Status::Failed, {}, OsWords(errno)};
+    if (!S_ISREG(info.st_mode)) return {FileRead::Status::Failed, {}, NotRegular(info.st_mode)};
+    std::string self = "/proc/self/fd/" + std::to_string(location.get());
+    fd.Reset(::open(self.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!fd && errno == ENOENT) {
+        // No /proc: open the path itself, without waiting should it no longer be a regular
+        // file, and make sure it is still the file looked at.
+        fd.Reset(::open(hostPath.c_str(), O_RDONLY | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+        struct stat now {};
+        if (fd && (::fstat(fd.get(), &now) != 0 || now.st_ino != info.st_ino ||
+                   now.st_dev != info.st_dev)) {
+            return {FileRead::Status::Failed, {}, "the file was replaced while it was being read"};
+        }
+    }
+    if (!fd) return {FileRead::Status::Failed, {}, OsWords(errno)};
+    return {FileRead::Status::Read, {}, {}};
 }
 
 }  // namespace
 
 FileRead ReadRegularFile(const std::string& hostPath) {
-    int fd = ::open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (fd < 0) {
-        if (errno == ENOENT) return {FileRead::Status::Missing, {}, {}};
-        return {FileRead::Status::Failed, {}, std::strerror(errno)};
-    }
+    Descriptor fd;
     struct stat info {};
-    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-        ::close(fd);
-        return {FileRead::Status::Failed, {}, "not a regular file"};
-    }
+    FileRead opened = OpenForReading(hostPath, fd, info);
+    if (opened.status != FileRead::Status::Read) return opened;
     std::string bytes;
     bytes.reserve(static_cast<std::size_t>(info.st_size));
     std::vector<char> chunk(1 << 16);
     for (;;) {
-        ssize_t got = ::read(fd, chunk.data(), chunk.size());
+        ssize_t got = ::read(fd.get(), chunk.data(), chunk.size());
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0) {
-            std::string reason = std::strerror(errno);
-            ::close(fd);
-            return {FileRead::Status::Failed, {}, reason};  // part of a file is not the file
-        }
+        // Part of a file is not the file.
+        if (got < 0) return {FileRead::Status::Failed, {}, OsWords(errno)};
         if (got == 0) break;
         bytes.append(chunk.data(), static_cast<std::size_t>(got));
     }
-    ::close(fd);
     return {FileRead::Status::Read, std::move(bytes), {}};
 }
 
@@ -86,56 +225,52 @@ bool HostPathExists(const std::string& hostPath) {
     return ::lstat(hostPath.c_str(), &info) == 0;
 }
 
+std::optional<std::string> WriteProblem(const std::string& hostPath) {
+    return Resolve(hostPath).problem;
+}
+
 bool MayWrite(const std::string& hostPath) {
-    struct stat info {};
-    if (::stat(hostPath.c_str(), &info) == 0) {
-        if (S_ISDIR(info.st_mode)) return false;
-        return (info.st_mode & 0222) != 0 && ::access(hostPath.c_str(), W_OK) == 0;
-    }
-    return ::access(DirectoryOf(hostPath).c_str(), W_OK) == 0;
+    return !WriteProblem(hostPath);
 }
 
 FileWrite ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
-    if (!MayWrite(linkOrFile)) return {false, "permission denied"};
-    // Renaming over a symbolic link would replace the link; replace the file it names.
-    std::string hostPath = linkOrFile;
-    struct stat link {};
-    if (::lstat(linkOrFile.c_str(), &link) == 0 && S_ISLNK(link.st_mode)) {
-        if (char* target = ::realpath(linkOrFile.c_str(), nullptr)) {
-            hostPath = target;
-            std::free(target);
+    const Target target = Resolve(linkOrFile);
+    if (target.problem) return {false, *target.problem};
+
+    const std::string directory = DirectoryOf(target.path);
+    std::string tempPath = directory + "/." + BaseNameOf(target.path) + ".XXXXXX";
+    Descriptor fd(::mkostemp(tempPath.data(), O_CLOEXEC));
+    if (!fd) {
+        int error = errno;
+        // The directory refuses a new file, but the file itself may be written.
+        if (target.exists && (error == EACCES || error == EPERM)) {
+            return WriteInPlace(target, bytes);
         }
+        return {false, OsWords(error)};
     }
-    struct stat old {};
-    bool existed = ::stat(hostPath.c_str(), &old) == 0;
-
-    std::string tempPath = DirectoryOf(hostPath) + "/." + BaseNameOf(hostPath) + ".XXXXXX";
-    int fd = ::mkstemp(tempPath.data());
-    if (fd < 0) {
-        if (WriteInPlace(hostPath, bytes)) return {true, {}};
-        return {false, std::strerror(errno)};
-    }
-
-    bool ok = WriteAll(fd, bytes);
-    if (existed) {
-        ok = ok && ::fchmod(fd, old.st_mode & 07777) == 0;
-        (void)::fchown(fd, old.st_uid, old.st_gid);  // only the super-user can; best effort
-    } else {
-        ok = ok && ::fchmod(fd, NewFileMode()) == 0;
-    }
-    ok = ok && ::fsync(fd) == 0;
-    ok = (::close(fd) == 0) && ok;
-    ok = ok && ::rename(tempPath.c_str(), hostPath.c_str()) == 0;
-    if (!ok) {
-        std::string reason = std::strerror(errno);
+    auto discard = [&](int error) {
         ::unlink(tempPath.c_str());
-        return {false, reason};
+        return FileWrite{false, OsWords(error)};
+    };
+
+    if (target.exists) {
+        // The owner first: a change of owner clears the set-id bits that the mode restores.
+        if (::fchown(fd.get(), target.info.st_uid, target.info.st_gid) != 0) {
+            // Another's file that this user may write: a new file would change hands, so the
+            // file is written where it is instead.
+            int error = errno;
+            ::unlink(tempPath.c_str());
+            if (error == EPERM) return WriteInPlace(target, bytes);
+            return {false, OsWords(error)};
+        }
+        if (::fchmod(fd.get(), target.info.st_mode & 07777) != 0) return discard(errno);
+    } else if (::fchmod(fd.get(), NewFileMode()) != 0) {
+        return discard(errno);
     }
-    int dir = ::open(DirectoryOf(hostPath).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (dir >= 0) {
-        (void)::fsync(dir);
-        ::close(dir);
-    }
+    if (!WriteAll(fd.get(), bytes, 0) || ::fsync(fd.get()) != 0) return discard(errno);
+    if (!fd.Close()) return discard(errno);
+    if (::rename(tempPath.c_str(), target.path.c_str()) != 0) return discard(errno);
+    FlushDirectory(directory);
     return {true, {}};
 }
 

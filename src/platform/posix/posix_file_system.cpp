@@ -1,3 +1,5 @@
+// Files as the data system names them, on the host: paths resolved without regard to case, and
+// the file service, which reports what it cannot read or write.
 #include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,6 +10,7 @@
 #include "base/text.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
+#include "platform/services.h"
 
 namespace lumacfg::platform {
 namespace {
@@ -37,33 +40,38 @@ std::optional<std::string> FindIgnoringCase(const std::string& directory,
 }  // namespace
 
 std::string HostPath(std::string_view systemPath) {
-    std::string path(systemPath);
-    std::replace(path.begin(), path.end(), '\\', '/');
+    // The components as the system names them, separators made "/" and repeated ones dropped.
+    std::string path;
+    path.reserve(systemPath.size());
+    for (char c : systemPath) {
+        if (c == '\\') c = '/';
+        if (c == '/' && !path.empty() && path.back() == '/') continue;
+        path += c;
+    }
+    // Where the path is there as spelt (the usual case), one look settles it.
+    if (path.empty() || PathExists(path)) return path;
+
     std::string resolved;
     std::size_t start = 0;
-    if (!path.empty() && path[0] == '/') {
+    if (path[0] == '/') {
         resolved = "/";
         start = 1;
     }
     bool parentExists = true;
-    while (start <= path.size()) {
+    while (start < path.size()) {
         std::size_t slash = path.find('/', start);
         std::string component =
             path.substr(start, slash == std::string::npos ? std::string::npos : slash - start);
-        if (!component.empty()) {
-            std::string exact = resolved + component;
-            if (parentExists && !PathExists(exact)) {
-                std::string directory = resolved.empty() ? "." : resolved;
-                if (auto match = FindIgnoringCase(directory, component)) {
-                    component = *match;
-                } else {
-                    parentExists = false;
-                }
+        if (parentExists && !PathExists(resolved + component)) {
+            if (auto match = FindIgnoringCase(resolved.empty() ? "." : resolved, component)) {
+                component = *match;
+            } else {
+                parentExists = false;
             }
-            resolved += component;
         }
+        resolved += component;
         if (slash == std::string::npos) break;
-        if (resolved.empty() || resolved.back() != '/') resolved += '/';
+        resolved += '/';
         start = slash + 1;
     }
     return resolved;
@@ -112,9 +120,8 @@ class PosixFileSystem final : public FileSystem {
     }
 
     bool CopyFile(std::string_view source, std::string_view target) override {
-        FileRead read = ReadRegularFile(HostPath(source));
-        return read.status == FileRead::Status::Read &&
-               ReplaceFile(HostPath(target), read.bytes).ok;
+        std::optional<std::string> bytes = ReadFile(source);
+        return bytes && WriteFile(target, *bytes);
     }
 
     bool DeleteFile(std::string_view path) override {
@@ -139,14 +146,23 @@ class PosixFileSystem final : public FileSystem {
         return names;
     }
 
+    // A missing file is the caller's business; one that is there but cannot be read, or
+    // cannot be written, is reported.
     std::optional<std::string> ReadFile(std::string_view path) override {
-        FileRead read = ReadRegularFile(HostPath(path));
-        if (read.status != FileRead::Status::Read) return std::nullopt;
-        return std::move(read.bytes);
+        std::string host = HostPath(path);
+        FileRead read = ReadRegularFile(host);
+        if (read.status == FileRead::Status::Read) return std::move(read.bytes);
+        if (read.status == FileRead::Status::Failed) {
+            Failures().Report(FileOperation::Read, host, read.reason);
+        }
+        return std::nullopt;
     }
 
     bool WriteFile(std::string_view path, std::string_view bytes) override {
-        return ReplaceFile(HostPath(path), bytes).ok;
+        std::string host = HostPath(path);
+        FileWrite written = ReplaceFile(host, bytes);
+        if (!written.ok) Failures().Report(FileOperation::Write, host, written.reason);
+        return written.ok;
     }
 };
 

@@ -1,0 +1,302 @@
+// Whole-file reads and replacements where the disk, the directory or the thing at the path
+// refuses: the old bytes survive, no temporary file is left, nothing but a regular file is
+// touched, and the reason is given. Needs the right to mount (tests run as root).
+#include <fcntl.h>
+#include <grp.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "platform/posix/atomic_file.h"
+#include "support/temp_dir.h"
+
+namespace lumacfg::platform::posix {
+namespace {
+
+namespace fs = std::filesystem;
+using support::TempDir;
+using support::WriteBytes;
+
+// A tmpfs of its own for one case, unmounted when the object goes.
+class Tmpfs {
+  public:
+    Tmpfs(const fs::path& at, const std::string& options) : at_(at) {
+        fs::create_directories(at);
+        if (::mount("tmpfs", at.c_str(), "tmpfs", 0, options.c_str()) == 0) {
+            mounted_ = true;
+        } else {
+            error_ = "cannot mount a tmpfs: " + std::string(std::strerror(errno));
+        }
+    }
+    ~Tmpfs() {
+        if (mounted_) ::umount2(at_.c_str(), MNT_DETACH);
+    }
+    Tmpfs(const Tmpfs&) = delete;
+    Tmpfs& operator=(const Tmpfs&) = delete;
+
+    const std::string& Error() const { return error_; }
+    void MakeReadOnly() const {
+        ASSERT_EQ(::mount(nullptr, at_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0)
+            << std::strerror(errno);
+    }
+
+  private:
+    fs::path at_;
+    bool mounted_ = false;
+    std::string error_;
+};
+
+// Uses up the file system's room: one file grown until the disk is full.
+void FillSpace(const fs::path& dir) {
+    int fd = ::open((dir / "filler").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+    ASSERT_GE(fd, 0);
+    std::string block(4096, 'f');
+    while (::write(fd, block.data(), block.size()) > 0) {
+    }
+    ::close(fd);
+}
+
+// Uses up the file system's inodes: empty files made until none is left.
+void FillInodes(const fs::path& dir) {
+    for (int i = 0;; ++i) {
+        int fd = ::open((dir / ("i" + std::to_string(i))).c_str(), O_WRONLY | O_CREAT, 0644);
+        if (fd < 0) break;
+        ::close(fd);
+    }
+}
+
+// Everything under dir: kind, and the bytes of regular files, the target of links.
+std::map<std::string, std::string> Snapshot(const fs::path& dir) {
+    std::map<std::string, std::string> seen;
+    for (const auto& entry : fs::recursive_directory_iterator(dir)) {
+        const std::string name = entry.path().lexically_relative(dir).string();
+        struct stat info {};
+        ::lstat(entry.path().c_str(), &info);
+        if (S_ISLNK(info.st_mode)) {
+            seen[name] = "link to " + fs::read_symlink(entry.path()).string();
+        } else if (S_ISREG(info.st_mode)) {
+            seen[name] = support::ReadBytes(entry.path()).value_or("?");
+        } else {
+            seen[name] = "mode " + std::to_string(info.st_mode & S_IFMT);
+        }
+    }
+    return seen;
+}
+
+// Fails the test instead of hanging it, should a call wait on a FIFO.
+class Deadline {
+  public:
+    Deadline() { ::alarm(20); }
+    ~Deadline() { ::alarm(0); }
+};
+
+constexpr const char* kOld = "[S]\nK=old\n";
+
+TEST(ReplaceFileTest, RefusedWritesLeaveEverythingAsItWas) {
+    TempDir temp("lumacfg-atomic");
+    const std::string big = "[S]\nK=" + std::string(40000, 'n') + "\n";
+    struct Case {
+        const char* what;
+        const char* options;  // of the tmpfs
+        std::function<void(const fs::path&)> setUp;
+        const char* name;  // what is written
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"full disk", "size=64k", FillSpace, "station.ist", "No space left on device"},
+        {"no free inode", "size=1m,nr_inodes=4", FillInodes, "station.ist",
+         "No space left on device"},
+        {"read-only file", "size=1m",
+         [](const fs::path& d) { ::chmod((d / "station.ist").c_str(), 0444); }, "station.ist",
+         "read-only file"},
+        {"directory", "size=1m", [](const fs::path& d) { fs::create_directory(d / "dir"); }, "dir",
+         "not a regular file (a directory)"},
+        {"FIFO", "size=1m", [](const fs::path& d) { ::mkfifo((d / "fifo").c_str(), 0666); }, "fifo",
+         "not a regular file (a FIFO)"},
+        {"link to a FIFO", "size=1m",
+         [](const fs::path& d) {
+             ::mkfifo((d / "fifo").c_str(), 0666);
+             fs::create_symlink("fifo", d / "link");
+         },
+         "link", "not a regular file (a symbolic link to a FIFO)"},
+        {"link to a device", "size=1m",
+         [](const fs::path& d) {
+             ::mknod((d / "null").c_str(), S_IFCHR | 0666, ::makedev(1, 3));
+             fs::create_symlink(d / "null", d / "link");
+         },
+         "link", "not a regular file (a symbolic link to a character device)"},
+        {"link to a directory", "size=1m",
+         [](const fs::path& d) {
+             fs::create_directory(d / "dir");
+             fs::create_symlink("dir", d / "link");
+         },
+         "link", "not a regular file (a symbolic link to a directory)"},
+        {"dangling link", "size=1m",
+         [](const fs::path& d) { fs::create_symlink("gone.ist", d / "dangling"); }, "dangling",
+         "a symbolic link to a missing file"},
+        {"missing directory", "size=1m", [](const fs::path&) {}, "no/station.ist",
+         "No such file or directory"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const fs::path dir = temp.Path() / "disk";
+        Tmpfs disk(dir, c.options);
+        if (!disk.Error().empty()) GTEST_SKIP() << disk.Error();
+        WriteBytes(dir / "station.ist", kOld);
+        c.setUp(dir);
+        const auto before = Snapshot(dir);
+        {
+            Deadline deadline;
+            FileWrite written = ReplaceFile((dir / c.name).string(), big);
+            EXPECT_FALSE(written.ok);
+            EXPECT_EQ(written.reason, c.reason);
+            EXPECT_EQ(WriteProblem((dir / c.name).string()).has_value(),
+                      std::string(c.reason) != "No space left on device");
+        }
+        EXPECT_EQ(Snapshot(dir), before);
+    }
+
+    // The same refusal on a file system mounted read-only, even for a file with write bits.
+    const fs::path dir = temp.Path() / "disk";
+    Tmpfs disk(dir, "size=1m");
+    WriteBytes(dir / "station.ist", kOld);
+    disk.MakeReadOnly();
+    EXPECT_EQ(ReplaceFile((dir / "station.ist").string(), big).reason, "Read-only file system");
+    EXPECT_EQ(ReplaceFile((dir / "new.ist").string(), big).reason, "Read-only file system");
+    EXPECT_EQ(Snapshot(dir), (std::map<std::string, std::string>{{"station.ist", kOld}}));
+}
+
+TEST(ReplaceFileTest, LinksStayLinksAndPermissionsAreKept) {
+    TempDir temp("lumacfg-atomic");
+    const fs::path& dir = temp.Path();
+    WriteBytes(dir / "real/station.ist", kOld);
+    ::chmod((dir / "real/station.ist").c_str(), 0640);
+    fs::create_directory(dir / "station");
+    fs::create_symlink("../real/station.ist", dir / "station/lumagen.ist");
+    ASSERT_TRUE(ReplaceFile((dir / "station/lumagen.ist").string(), "new").ok);
+    EXPECT_EQ(Snapshot(dir), (std::map<std::string, std::string>{
+                                 {"real", "mode " + std::to_string(S_IFDIR)},
+                                 {"real/station.ist", "new"},
+                                 {"station", "mode " + std::to_string(S_IFDIR)},
+                                 {"station/lumagen.ist", "link to ../real/station.ist"}}));
+    EXPECT_EQ(fs::status(dir / "real/station.ist").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+
+    // A new file takes the permissions the process gives new files.
+    mode_t mask = ::umask(027);
+    ASSERT_TRUE(ReplaceFile((dir / "fresh.ist").string(), "new").ok);
+    ::umask(mask);
+    EXPECT_EQ(fs::status(dir / "fresh.ist").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+
+TEST(ReadRegularFileTest, OnlyARegularFileIsRead) {
+    TempDir temp("lumacfg-atomic");
+    const fs::path& dir = temp.Path();
+    WriteBytes(dir / "station.ist", kOld);
+    ::mkfifo((dir / "fifo").c_str(), 0666);
+    ::mknod((dir / "null").c_str(), S_IFCHR | 0666, ::makedev(1, 3));
+    fs::create_directory(dir / "dir");
+    fs::create_symlink("fifo", dir / "link-to-fifo");
+    fs::create_symlink("station.ist", dir / "link");
+    fs::create_symlink("gone", dir / "dangling");
+    using S = FileRead::Status;
+    const std::tuple<const char*, S, std::string> cases[] = {
+        {"station.ist", S::Read, kOld},
+        {"link", S::Read, kOld},
+        {"missing", S::Missing, ""},
+        {"dangling", S::Missing, ""},
+        {"fifo", S::Failed, "not a regular file (a FIFO)"},
+        {"link-to-fifo", S::Failed, "not a regular file (a FIFO)"},
+        {"null", S::Failed, "not a regular file (a character device)"},
+        {"dir", S::Failed, "not a regular file (a directory)"},
+    };
+    Deadline deadline;
+    for (const auto& [name, status, text] : cases) {
+        FileRead read = ReadRegularFile((dir / name).string());
+        EXPECT_EQ(read.status, status) << name;
+        EXPECT_EQ(status == S::Read ? read.bytes : read.reason, text) << name;
+    }
+}
+
+// Runs `body` in a child process as "nobody", so that directory permissions count, and returns
+// its exit code; -1 when the child could not drop the super-user's rights.
+int RunUnprivileged(const std::function<int()>& body) {
+    pid_t child = ::fork();
+    if (child == 0) {
+        if (::setgroups(0, nullptr) != 0 || ::setgid(65534) != 0 || ::setuid(65534) != 0) {
+            ::_exit(99);
+        }
+        ::_exit(body());
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) != 99 ? WEXITSTATUS(status) : -1;
+}
+
+// Where no new file may be made beside the file but the file may be written, it is written in
+// place once its new size is reserved; where its owner cannot be kept by a new file, too.
+TEST(ReplaceFileTest, InPlaceOnlyWhenTheNewSizeIsReserved) {
+    if (::geteuid() != 0) GTEST_SKIP() << "needs the super-user to switch to another user";
+    TempDir temp("lumacfg-atomic");
+    ::chmod(temp.Path().c_str(), 0755);
+    const std::string grown = "[S]\nK=" + std::string(30000, 'g') + "\n";
+    struct Case {
+        const char* what;
+        bool fullDisk;
+        mode_t directoryMode;  // the files' directory, owned by the super-user
+        const char* name;
+        std::string bytes;
+        const char* reason;  // "" when written
+    };
+    const Case cases[] = {
+        {"room on the disk", false, 0555, "station.ist", grown, ""},
+        {"full disk, the file grows", true, 0555, "station.ist", grown, "No space left on device"},
+        {"full disk, the file shrinks", true, 0555, "station.ist", "[S]\n", ""},
+        {"a new file", false, 0555, "new.ist", "[S]\n", "Permission denied"},
+        {"another's file", false, 0777, "station.ist", grown, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        const fs::path disk = temp.Path() / "disk", dir = disk / "locked";
+        Tmpfs mount(disk, "size=64k,mode=0755");
+        if (!mount.Error().empty()) GTEST_SKIP() << mount.Error();
+        WriteBytes(dir / "station.ist", kOld);
+        ::chmod((dir / "station.ist").c_str(), 0666);
+        ::chmod(dir.c_str(), c.directoryMode);
+        if (c.fullDisk) FillSpace(disk);
+        struct stat before {};
+        ::stat((dir / "station.ist").c_str(), &before);
+
+        const std::string path = (dir / c.name).string();
+        int code = RunUnprivileged([&] {
+            FileWrite written = ReplaceFile(path, c.bytes);
+            return written.ok == (*c.reason == '\0') && written.reason == c.reason ? 0 : 1;
+        });
+        if (code < 0) GTEST_SKIP() << "cannot run as nobody";
+        EXPECT_EQ(code, 0);
+        const bool written = *c.reason == '\0';
+        auto expected = std::map<std::string, std::string>{
+            {"station.ist", written && std::string(c.name) == "station.ist" ? c.bytes : kOld}};
+        EXPECT_EQ(Snapshot(dir), expected);  // no temporary file either
+        struct stat after {};
+        ::stat((dir / "station.ist").c_str(), &after);
+        EXPECT_EQ(after.st_ino, before.st_ino);
+        EXPECT_EQ(after.st_uid, 0u);
+        EXPECT_EQ(after.st_mode & 07777, 0666u);
+    }
+}
+
+}  // namespace
+}  // namespace lumacfg::platform::posix
