@@ -18,6 +18,7 @@
 
 #include "config/config_record.h"
 #include "ui/dialog/dialog_model.h"
+#include "ui/main/opal_applications.h"
 
 namespace lumacfg::ui {
 
@@ -63,6 +64,17 @@ class MainDialog final : public DialogModel {
     const ConfigRecord& Record() const { return record_; }
     ConfigRecord& Record() { return record_; }
 
+    // A QC mode chosen by its path (the ".QCC" folder, as the file chooser returns it): taken
+    // into "_QCMDPATH$" (the folder with its trailing "\") and "_QCMDFILE$" (the name) when it
+    // holds a "RUNTYPE.INI" that can be read; otherwise "Selected QC Mode file is invalid." and
+    // nothing changes. True when taken.
+    bool SelectQcMode(std::string_view path);
+
+    // The OPAL applications behind the entries of "Cb_MPMApp": the standard ones first, then the
+    // user-defined ones.
+    const std::vector<OpalStandardApplication>& StandardApplications() const { return standard_; }
+    const std::vector<OpalUserApplication>& UserApplications() const { return user_; }
+
     // The dialog that "Setup..." beside the autosampler opens; `currentTrayValid` is whether
     // "custrack.ini" has a valid current tray.
     AutosamplerSetup AutosamplerDialog(bool currentTrayValid) const;
@@ -76,14 +88,34 @@ class MainDialog final : public DialogModel {
   private:
     ControlState& Control(std::string_view name);
     const ControlState& Control(std::string_view name) const;
+    bool Checked(std::string_view name) const { return Control(name).checked; }
+    bool Usable(std::string_view name) const;
+    const std::string& ChosenText(std::string_view list) const;
+
+    void CreateControls();
+    void LoadOpalApplications();
+    void FillTypeList();
+    void Populate();
+    void ApplyConnectionEnabling();
+    void ChooseRemoteStart(bool wait);
+    void ApplyLcGcLink();
+    void ApplySecurityFrame();
+    void ChooseType(int index);
+    void RebuildAutosamplers(Int16 listType);
+    void ChooseAutosampler(int index);
+    void AnnounceOpalPort(Int16 code);
+    void LeaveMassBox(int box);
+    void Save();
+    void Refuse(int message) const;
 
     ConfigRecord record_;
+    std::vector<OpalStandardApplication> standard_;
+    std::vector<OpalUserApplication> user_;
     Controls controls_;
     DialogEnd end_ = DialogEnd::Open;
     Int16 siShown_ = 0;
     Int16 alsShown_ = 0;
     bool opalMode_ = false;
-    std::string vltFolderKept_;  // the VLT folder Reset to Default remembered
 };
 
 }  // namespace lumacfg::ui
