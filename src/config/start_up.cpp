@@ -1,6 +1,7 @@
 #include "config/start_up.h"
 
 #include <array>
+#include <optional>
 
 #include "base/numbers.h"
 #include "config/config_record.h"
@@ -91,6 +92,22 @@ void NormaliseSecurity(ConfigRecord& record) {
     ProfileSet(kSection, "_ALWAYSPRT", "1");
 }
 
+// Whether security is on as the configuration identifier publishes it now; nullopt when the
+// identifier cannot be read.
+std::optional<bool> PublishedSecurity() {
+    const std::int32_t state = ReadConfigurationID();
+    if (state == kConfigurationIdFailed) return std::nullopt;
+    return state == 1 || state == -1;  // the third state is taken as on at every start
+}
+
+// A change of the security state is one line of the security library's audit trail, made when
+// the configuration that carries it is written.
+void ReportSecurityChange(std::optional<bool> published, const ConfigRecord& record) {
+    const bool on = record.SECURITY == 1;
+    if (!published || *published == on) return;
+    platform::Security().LogSecurityFlagChange(on ? "_SECURITY 0 -> 1" : "_SECURITY 1 -> 0");
+}
+
 // A text read whole into a NUL-filled buffer of 100 characters, padding included.
 std::string PaddedRead(std::string_view file, std::string_view section, std::string_view key,
                        std::size_t& count) {
@@ -142,6 +159,7 @@ StartUpResult StartUp(const StartUpOptions& options) {
         CreateStation();
     }
     record.CAN_EDIT = 1;
+    record.REG_DIRTY = 0;
     bool goOn = true;
     if (record.AUTOMATE < 1 && options.commandLineEmpty && record.SECURITY > 0) {
         if (platform::Logon().Logon(options.mainWindow, "LUMACFG") != 0) goOn = false;
@@ -159,7 +177,12 @@ std::vector<platform::FileFailure> CloseStation() {
     StationBatch batch;
     ConfigRecord& record = Config();
     if (record.SAVE_REQ == 1) {
+        const std::optional<bool> published = PublishedSecurity();
+        // After Reset to Default the station is registered anew: the rows a new station's
+        // profile starts with, then the configuration saved over them.
+        if (record.REG_DIRTY == 1) WriteInitialProfile();
         SaveConfiguration();
+        ReportSecurityChange(published, record);
         if (record.ALS_TYPE == 1) SaveCurrentTray();
         WriteComPortSettings();
     }

@@ -38,8 +38,12 @@ std::int16_t UserMayEdit();
 // "lumacfg.ini"), which removes that key when the program closes.
 bool InSetUpMode();
 
-// What closing the main window writes, whatever closed it, each file once. Returns the files
-// that could not be read or written (the other files are written all the same).
+// What closing the main window writes, whatever closed it, each file once: after a Save
+// (SAVE_REQ 1) the rows of a new station's profile when REG_DIRTY is 1 (Reset to Default), the
+// configuration (a change of the security state reported to the security library), the tray
+// selection for the ASX500, the serial port settings; then the set-up mode's steps or the
+// run-type preparation. Returns the files that could not be read or written (the other files are
+// written all the same).
 std::vector<platform::FileFailure> CloseStation();
 
 }  // namespace lumacfg

@@ -162,5 +162,82 @@ TEST_F(StartUpTest, ClosingInSetUpModeRemovesTheAutomationKey) {
     EXPECT_EQ(ReadBytes(ProgramDir() / "lumacfg.ini"), "[database]\r\nserver=db1\r\n");
 }
 
+// Keeps every call of the security library.
+class AuditRecorder final : public platform::SecurityLibrary {
+  public:
+    explicit AuditRecorder(std::vector<std::string>* lines) : lines_(lines) {}
+    void SetConfigSecurity() override { lines_->push_back("SetConfigSecurity"); }
+    void ResetConfigSecurity() override { lines_->push_back("ResetConfigSecurity"); }
+    void LogSecurityFlagChange(std::string_view text) override {
+        lines_->push_back(std::string(text));
+    }
+
+  private:
+    std::vector<std::string>* lines_;
+};
+
+TEST_F(StartUpTest, ASaveAfterResetToDefaultRegistersTheStationAsANewOne) {
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
+    Config().SAVE_REQ = 1;
+    ASSERT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
+    const std::string newStation = StationText();
+    const std::string newRegistry = RegistryFileText();
+
+    // Rows of the new profile and fields of the record changed since.
+    const std::tuple<const char*, const char*, const char*> changes[] = {
+        {"WSX", "Path", "D:\\OTHER"},      {"WSX_32", "RS232", "1,1"},
+        {"WSX,1", "start", "yes"},         {"WSX,1", "DEBackground", "1 2 3"},
+        {"WSX,1", "_DATAFILE$", "MINE.D"}, {"WSX,1", "_INHIBIT", "7 9"},
+        {"WSX,1", "ALS_TYPE", "2"},        {"WSX,1", "SEMIQFACTOR7", ""},
+    };
+    for (const auto& [section, key, value] : changes) ProfileSet(section, key, value);
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
+    EXPECT_EQ(Config().REG_DIRTY, 0);
+    Config().SAVE_REQ = 1;
+    ASSERT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
+    EXPECT_EQ(ReadSingleValue("WSX,1", "start"), "yes");  // a save alone keeps the rows
+    EXPECT_EQ(ReadSingleValue("WSX,1", "ALS_TYPE"), "2");
+
+    // Reset to Default, then Save.
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
+    SetDefaults();
+    Config().REG_DIRTY = 1;
+    Config().SAVE_REQ = 1;
+    ASSERT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
+    EXPECT_EQ(StationText(), newStation);
+    EXPECT_EQ(RegistryFileText(), newRegistry);
+
+    // Reset to Default, then Cancel: nothing is written.
+    ProfileSet("WSX,1", "start", "yes");
+    const std::string changed = StationText();
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
+    SetDefaults();
+    Config().REG_DIRTY = 1;
+    Config().SAVE_REQ = 0;
+    ASSERT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
+    EXPECT_EQ(StationText(), changed);
+}
+
+TEST_F(StartUpTest, AChangedSecurityStateIsAuditedWhenItIsWritten) {
+    std::vector<std::string> audit;
+    platform::SetSecurity(std::make_unique<AuditRecorder>(&audit));
+    ASSERT_EQ(StartUp({.commandLineEmpty = false}), StartUpResult::Continue);
+    // Security, whether the window saved, and the audit lines the closing adds.
+    const std::tuple<Int16, Int16, std::vector<std::string>> closes[] = {
+        {1, 1, {}},
+        {0, 0, {}},
+        {0, 1, {"_SECURITY 1 -> 0"}},
+        {0, 1, {}},
+        {1, 1, {"_SECURITY 0 -> 1"}},
+    };
+    for (const auto& [security, saved, lines] : closes) {
+        audit.clear();
+        Config().SECURITY = security;
+        Config().SAVE_REQ = saved;
+        ASSERT_EQ(CloseStation(), std::vector<platform::FileFailure>{});
+        EXPECT_EQ(audit, lines) << security << " " << saved;
+    }
+}
+
 }  // namespace
 }  // namespace lumacfg
