@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
 #include "config/config_record.h"
 #include "config/record_fields.h"
@@ -18,6 +19,8 @@ namespace {
 
 constexpr std::string_view kUsage =
     "usage: lumacfg-cli show | save | tray\n"
+    "       lumacfg-cli set [--dry-run] NAME=VALUE ...\n"
+    "       lumacfg-cli reset [--dry-run]\n"
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n";
@@ -25,15 +28,6 @@ constexpr std::string_view kUsage =
 int Usage(std::ostream& err) {
     err << kUsage;
     return kExitUsage;
-}
-
-// Names every file that could not be read or written. A command that succeeded otherwise
-// exits 4; one that already failed keeps its own exit code.
-int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, std::ostream& err) {
-    for (const platform::FileFailure& failure : failures) {
-        err << "lumacfg-cli: " << platform::Describe(failure) << '\n';
-    }
-    return exit == kExitOk && !failures.empty() ? kExitFileFailed : exit;
 }
 
 // Runs a command in one batch, so each file it changes is written once, after all its changes;
@@ -71,19 +65,6 @@ int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ost
     return WithFailures(kExitOk, platform::Failures().Take(), err);
 }
 
-// Start-up as the window runs it, with a command line that is never empty (no logon).
-int StartStation() {
-    switch (StartUp(StartUpOptions{.commandLineEmpty = false})) {
-        case StartUpResult::Continue:
-            return kExitOk;
-        case StartUpResult::Refused:
-            return kExitStartUpRefused;
-        case StartUpResult::Failed:
-            return kExitFileFailed;
-    }
-    return kExitFileFailed;
-}
-
 int RunShow(std::ostream& out) {
     if (int refused = StartStation(); refused != kExitOk) return refused;
     PrintRecord(out, Config());
@@ -103,12 +84,47 @@ int RunSave() {
     return kExitOk;
 }
 
+// set and reset: "--dry-run" may stand anywhere after the command.
+int RunEditCommand(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    bool dryRun = false;
+    std::vector<std::string> rest;
+    for (std::size_t i = 1; i < args.size(); ++i) {
+        if (args[i] == "--dry-run") {
+            dryRun = true;
+        } else {
+            rest.push_back(args[i]);
+        }
+    }
+    if (args[0] == "reset") return rest.empty() ? RunReset(dryRun, out, err) : Usage(err);
+    return rest.empty() ? Usage(err) : RunSet(rest, dryRun, out, err);
+}
+
 }  // namespace
+
+int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, std::ostream& err) {
+    for (const platform::FileFailure& failure : failures) {
+        err << "lumacfg-cli: " << platform::Describe(failure) << '\n';
+    }
+    return exit == kExitOk && !failures.empty() ? kExitFileFailed : exit;
+}
+
+int StartStation() {
+    switch (StartUp(StartUpOptions{.commandLineEmpty = false})) {
+        case StartUpResult::Continue:
+            return kExitOk;
+        case StartUpResult::Refused:
+            return kExitStartUpRefused;
+        case StartUpResult::Failed:
+            return kExitFileFailed;
+    }
+    return kExitFileFailed;
+}
 
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.empty()) return Usage(err);
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
+    if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
     if (args.size() > 1) return Usage(err);
     if (command == "show") return InOneBatch([&] { return RunShow(out); }, err);
     if (command == "save") return InOneBatch(RunSave, err);

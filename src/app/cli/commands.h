@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/file_failures.h"
+
 namespace lumacfg::cli {
 
 // Exit codes of the headless front end.
@@ -15,5 +17,13 @@ inline constexpr int kExitFileFailed = 4;  // a file could not be read or writte
 
 // Runs one command line (without the program name).
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+
+// Start-up as the window runs it, with a command line that is never empty (no logon): 0, or the
+// exit code of a refused or failed start-up.
+int StartStation();
+
+// Names every file that could not be read or written. A command that succeeded otherwise exits
+// 4; one that already failed keeps its own exit code.
+int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, std::ostream& err);
 
 }  // namespace lumacfg::cli
