@@ -319,7 +319,7 @@ void MainDialog::Populate() {
             }
         }
     }
-    Choose("Cb_MPMApp", application);
+    ChooseApplication(application);
     if (record_.MPM >= 1 && application < 0) {
         Show(kMessageApplicationNotFound, platform::MessageIcon::Exclamation);
     }
@@ -428,7 +428,7 @@ void MainDialog::Click(std::string_view control) {
 }
 
 void MainDialog::Choose(std::string_view control, int index) {
-    if (controls_.find(control) == controls_.end()) return;
+    if (controls_.find(control) == controls_.end() || !Usable(control)) return;
     ControlState& list = Control(control);
     if (index < -1 || index >= static_cast<int>(list.items.size())) return;
     if (control == "Cb_Type") {
@@ -436,16 +436,20 @@ void MainDialog::Choose(std::string_view control, int index) {
     } else if (control == "Cb_Auto") {
         if (index >= 0) ChooseAutosampler(index);
     } else if (control == "Cb_MPMApp") {
-        // The hidden file lists follow the application chosen.
-        list.chosen = index;
-        const int standard = static_cast<int>(standard_.size());
-        const int standardIndex = index < standard ? index : -1;
-        Control(Indexed("Cb_MPMFileStd", 0)).chosen = standardIndex;
-        Control(Indexed("Cb_MPMFileStd", 1)).chosen = standardIndex;
-        Control("Cb_MPMFileUsr").chosen = index >= standard ? index - standard : -1;
+        ChooseApplication(index);
     } else if (control == "Cb_LCInst") {
         list.chosen = index;
     }
+}
+
+// The hidden file lists follow the application chosen.
+void MainDialog::ChooseApplication(int index) {
+    Control("Cb_MPMApp").chosen = index;
+    const int standard = static_cast<int>(standard_.size());
+    const int standardIndex = index < standard ? index : -1;
+    Control(Indexed("Cb_MPMFileStd", 0)).chosen = standardIndex;
+    Control(Indexed("Cb_MPMFileStd", 1)).chosen = standardIndex;
+    Control("Cb_MPMFileUsr").chosen = index >= standard ? index - standard : -1;
 }
 
 void MainDialog::ChooseType(int index) {

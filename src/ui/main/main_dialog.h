@@ -44,7 +44,8 @@ class MainDialog final : public DialogModel {
     // Help, the VLT folder) are the view's: clicking them here changes nothing. A click on a
     // greyed control changes nothing.
     void Click(std::string_view control) override;
-    // "Cb_Type", "Cb_Auto", "Cb_MPMApp", "Cb_LCInst".
+    // "Cb_Type", "Cb_Auto", "Cb_MPMApp", "Cb_LCInst" (-1: no entry); a greyed list changes
+    // nothing.
     void Choose(std::string_view control, int index) override;
     // The octet boxes "Ed_IP(0)".."Ed_IP(3)"; every other box takes every key.
     KeyAnswer Key(std::string_view control, const KeyPress& key, const BoxCaret& caret) override;
@@ -103,6 +104,7 @@ class MainDialog final : public DialogModel {
     void ChooseType(int index);
     void RebuildAutosamplers(Int16 listType);
     void ChooseAutosampler(int index);
+    void ChooseApplication(int index);
     void AnnounceOpalPort(Int16 code);
     void LeaveMassBox(int box);
     void Save();

@@ -169,12 +169,5 @@ TEST_F(MainDialogTest, OctetBoxesTakeKeysAsTheAddressRules) {
     }
 }
 
-TEST_F(MainDialogTest, OtherBoxesTakeEveryKey) {
-    MainDialog window = Window();
-    const KeyAnswer passed{};
-    EXPECT_EQ(window.Key("Ed_Address", {KeyPress::Kind::Character, 'x'}, {}), passed);
-    EXPECT_EQ(window.Key("Ed_Inhibit(0)", {KeyPress::Kind::Home, 0}, {}), passed);
-}
-
 }  // namespace
 }  // namespace lumacfg::ui

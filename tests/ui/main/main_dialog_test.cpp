@@ -50,35 +50,29 @@ TEST_F(MainDialogTest, EveryControlShowsItsCaptionFromTheStringTable) {
     EXPECT_EQ(Of(window, "Ed_Inhibit(0)").text, "14");
     EXPECT_EQ(Of(window, "Ed_Inhibit(9)").text, "41");
     EXPECT_TRUE(Of(window, "Ck_Integ").checked);
-    EXPECT_FALSE(Of(window, "Ed_IP(0)").visible);
 }
 
-TEST_F(MainDialogTest, TheLanInstrumentShowsItsAddressInFourBoxes) {
-    const std::tuple<std::string, std::array<std::string, 4>> cases[] = {
-        {"192.168.1.128", {"192", "168", "1", "128"}},
-        {"10.0", {"10", "0", "0", "0"}},
-        {"", {"", "0", "0", "0"}},
+TEST_F(MainDialogTest, TheConnectionFieldsFollowTheModelAndOffline) {
+    // Model, stored address, the four boxes, and whether the address box is usable online.
+    const std::tuple<Int16, std::string, std::array<std::string, 4>, bool> cases[] = {
+        {2, "192.168.1.128", {"192", "168", "1", "128"}, false},
+        {2, "10.0", {"10", "0", "0", "0"}, false},
+        {1, "", {"", "0", "0", "0"}, true},
     };
-    record_.ICPMS_TYPE = 2;
-    for (const auto& [address, boxes] : cases) {
-        record_.LAN_IPADDR = address;
-        const MainDialog window = Window();
-        for (int i = 0; i < 4; ++i) EXPECT_EQ(Of(window, Box("Ed_IP", i)).text, boxes[i]);
-        EXPECT_EQ(Of(window, "Gb_BrenmarkIB").text, "LAN");
-        EXPECT_EQ(Of(window, "Lbl_Address").text, "IP Address:");
-        EXPECT_FALSE(Of(window, "Ed_Address").enabled);
-    }
-}
-
-TEST_F(MainDialogTest, OfflineGreysTheAddressBoxes) {
-    for (Int16 model : {Int16{1}, Int16{2}}) {
+    for (const auto& [model, address, boxes, addressUsable] : cases) {
         record_.ICPMS_TYPE = model;
+        record_.LAN_IPADDR = address;
         MainDialog window = Window();
+        for (int i = 0; i < 4; ++i) EXPECT_EQ(Of(window, Box("Ed_IP", i)).text, boxes[i]);
+        EXPECT_EQ(Of(window, "Gb_BrenmarkIB").text, model == 2 ? "LAN" : "GPIB");
+        EXPECT_EQ(Of(window, "Lbl_Address").text, model == 2 ? "IP Address:" : "ICP-MS Address:");
+        EXPECT_EQ(Of(window, "Ed_IP(0)").visible, model == 2);
+        EXPECT_EQ(Of(window, "Ed_Address").enabled, addressUsable);
         window.Click("Ck_Offline");
         EXPECT_FALSE(Of(window, "Ed_Address").enabled);
         EXPECT_FALSE(Of(window, "Ed_IP(2)").enabled);
         window.Click("Ck_Offline");
-        EXPECT_EQ(Of(window, "Ed_Address").enabled, model != 2);
+        EXPECT_EQ(Of(window, "Ed_Address").enabled, addressUsable);
         EXPECT_TRUE(Of(window, "Ed_IP(2)").enabled);
     }
 }
@@ -379,6 +373,8 @@ TEST_F(MainDialogTest, TheLcGcLinkForcesRemoteStart) {
     record_.SI_TYPE = 6;
     MainDialog window = Window();
     EXPECT_FALSE(Of(window, "Cb_LCInst").enabled);
+    EXPECT_EQ(Chosen(window, "Cb_LCInst"), "1");
+    window.Choose("Cb_LCInst", 3);  // greyed: nothing changes
     EXPECT_EQ(Chosen(window, "Cb_LCInst"), "1");
     window.Click("Op_NotUse");
     window.Click("Ck_CtrlLCGC");
