@@ -33,6 +33,9 @@ while IFS= read -r file; do
         if [[ $target == ui/dialog ]]; then
             # What every dialog model shares with its view.
             [[ $layer == ui/* || $layer == app/* ]] && continue
+        elif [[ $target == ui/dialog/qt ]]; then
+            # What every view shares: the binding, the text conversion, the font.
+            [[ $layer == ui/*/qt || $layer == app/* ]] && continue
         elif [[ $target == ui/* ]]; then
             # A dialog area is its own layer: only its own views and models reach it.
             [[ "$layer" == "$target" || "$layer" == "$target/qt" || $layer == app/* ]] && continue

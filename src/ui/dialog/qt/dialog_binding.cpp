@@ -1,0 +1,315 @@
+#include "ui/dialog/qt/dialog_binding.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QWidget>
+#include <optional>
+
+#include "ui/dialog/qt/ansi_text.h"
+
+namespace lumacfg::ui {
+namespace {
+
+constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
+constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
+
+std::string ControlName(const QObject* object) {
+    return object->objectName().toStdString();
+}
+
+// The widgets under root that carry a control's name (Qt's own inner widgets excluded).
+QHash<QString, QWidget*> NamedWidgets(QWidget* root) {
+    QHash<QString, QWidget*> named;
+    for (QWidget* widget : root->findChildren<QWidget*>()) {
+        const QString name = widget->objectName();
+        if (!name.isEmpty() && !name.startsWith(QLatin1String("qt_"))) named.insert(name, widget);
+    }
+    return named;
+}
+
+QChar MnemonicOf(const QWidget* widget) {
+    const QVariant letter = widget->property(kMnemonicProperty);
+    return letter.isValid() ? letter.toChar() : QChar();
+}
+
+QString Caption(const QWidget* widget, const ControlState& state) {
+    return CaptionWithMnemonic(FromAnsi(state.text), MnemonicOf(widget));
+}
+
+void ShowList(QComboBox* list, const ControlState& state) {
+    bool same = list->count() == static_cast<int>(state.items.size());
+    for (int i = 0; same && i < list->count(); ++i)
+        same = list->itemText(i) == FromAnsi(state.items[static_cast<std::size_t>(i)]);
+    if (!same) {
+        list->clear();
+        for (const std::string& item : state.items) list->addItem(FromAnsi(item));
+    }
+    list->setCurrentIndex(state.chosen >= 0 && state.chosen < list->count() ? state.chosen : -1);
+}
+
+void ShowCheck(QAbstractButton* button, const ControlState& state) {
+    // Option buttons exclude each other in Qt; the model may leave every one of them unchosen,
+    // which Qt refuses while they exclude each other.
+    const bool exclusive = button->autoExclusive();
+    button->setAutoExclusive(false);
+    button->setChecked(state.checked);
+    button->setAutoExclusive(exclusive);
+}
+
+void ShowOne(QWidget* widget, const ControlState& state) {
+    if (auto* box = qobject_cast<QLineEdit*>(widget)) {
+        // Only a changed text is set: setting it moves the caret to the end.
+        const QString text = FromAnsi(state.text);
+        if (box->text() != text) box->setText(text);
+    } else if (auto* label = qobject_cast<QLabel*>(widget)) {
+        label->setTextFormat(Qt::PlainText);
+        // A label marks a mnemonic only when it has a control to give the focus to.
+        label->setText(label->buddy() != nullptr ? Caption(label, state) : FromAnsi(state.text));
+    } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
+        ShowList(list, state);
+    } else if (auto* frame = qobject_cast<QGroupBox*>(widget)) {
+        frame->setTitle(Caption(frame, state));
+    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        button->setText(Caption(button, state));
+        if (qobject_cast<QCheckBox*>(button) != nullptr ||
+            qobject_cast<QRadioButton*>(button) != nullptr) {
+            ShowCheck(button, state);
+        }
+    }
+    widget->setEnabled(state.enabled);
+    widget->setVisible(state.visible && !widget->property(kHiddenProperty).toBool());
+}
+
+// The key as the model takes it; none for a key the model has no say in (Tab, Enter, a key
+// with Ctrl or Alt).
+std::optional<KeyPress> Translate(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers held = key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (held & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return std::nullopt;
+    switch (key.key()) {
+        case Qt::Key_Backspace:
+            return KeyPress{KeyPress::Kind::Backspace};
+        case Qt::Key_Left:
+            return KeyPress{KeyPress::Kind::Left};
+        case Qt::Key_Right:
+            return KeyPress{KeyPress::Kind::Right};
+        case Qt::Key_Up:
+            return KeyPress{KeyPress::Kind::Up};
+        case Qt::Key_Down:
+            return KeyPress{KeyPress::Kind::Down};
+        case Qt::Key_Home:
+            return KeyPress{KeyPress::Kind::Home};
+        case Qt::Key_End:
+            return KeyPress{KeyPress::Kind::End};
+        default:
+            break;
+    }
+    const QString text = key.text();
+    if (text.isEmpty() || text.front().unicode() < 0x20 || text.front().unicode() == 0x7F)
+        return std::nullopt;
+    return KeyPress{KeyPress::Kind::Character, ToAnsi(text).front()};
+}
+
+BoxCaret CaretOf(const QLineEdit& box) {
+    BoxCaret caret;
+    caret.position = box.cursorPosition();
+    caret.selectionStart = box.hasSelectedText() ? box.selectionStart() : caret.position;
+    caret.selectionLength = box.hasSelectedText() ? box.selectionLength() : 0;
+    return caret;
+}
+
+}  // namespace
+
+QString CaptionWithMnemonic(const QString& caption, QChar letter) {
+    QString shown;
+    shown.reserve(caption.size() + 2);
+    bool marked = letter.isNull();
+    for (QChar character : caption) {
+        if (!marked && character.toCaseFolded() == letter.toCaseFolded()) {
+            shown.append(QLatin1Char('&'));
+            marked = true;
+        }
+        shown.append(character);
+        if (character == QLatin1Char('&')) shown.append(QLatin1Char('&'));
+    }
+    return shown;
+}
+
+void ShowState(const Controls& controls, QWidget* root) {
+    const QHash<QString, QWidget*> widgets = NamedWidgets(root);
+    for (const auto& [name, state] : controls) {
+        const QString control = QString::fromStdString(name);
+        if (control == root->objectName()) {
+            root->setWindowTitle(FromAnsi(state.text));
+            continue;
+        }
+        QWidget* widget = widgets.value(control);
+        if (widget == nullptr) continue;
+        const QSignalBlocker blocker(widget);
+        ShowOne(widget, state);
+    }
+}
+
+void SetMnemonic(QWidget* widget, QChar letter) {
+    widget->setProperty(kMnemonicProperty, letter);
+}
+
+void KeepHidden(QWidget* widget) {
+    widget->setProperty(kHiddenProperty, true);
+    widget->hide();
+}
+
+DialogBinder::DialogBinder(DialogModel& model, QWidget* root)
+    : QObject(root), model_(model), root_(root), widgets_(NamedWidgets(root)) {
+    for (QWidget* widget : std::as_const(widgets_)) Bind(widget);
+    Refresh();
+}
+
+void DialogBinder::Bind(QWidget* widget) {
+    const std::string name = ControlName(widget);
+    if (auto* box = qobject_cast<QLineEdit*>(widget)) {
+        connect(box, &QLineEdit::textEdited, this, [this, name](const QString& text) {
+            model_.SetText(name, ToAnsi(text));
+            AfterAction();
+        });
+        box->installEventFilter(this);
+    } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
+        connect(list, &QComboBox::activated, this, [this, name](int index) {
+            model_.Choose(name, index);
+            AfterAction();
+        });
+    } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { Clicked(button); });
+    }
+}
+
+void DialogBinder::SetClickAction(const QString& control, std::function<void()> action) {
+    actions_.insert(control, std::move(action));
+}
+
+void DialogBinder::SetText(const QString& control, const QString& text) {
+    model_.SetText(control.toStdString(), ToAnsi(text));
+    AfterAction();
+}
+
+void DialogBinder::Click(const QString& control) {
+    if (auto* button = qobject_cast<QAbstractButton*>(widgets_.value(control))) Clicked(button);
+}
+
+void DialogBinder::Refresh() {
+    ShowState(model_.State(), root_);
+    emit Shown();
+}
+
+void DialogBinder::Clicked(QAbstractButton* button) {
+    // A click takes the focus first, so a box being edited is left (and cleaned) before the
+    // click is acted on, whether the click came from the mouse, a mnemonic or Enter.
+    TakeFocus(button);
+    const auto action = actions_.constFind(button->objectName());
+    if (action != actions_.cend()) {
+        (*action)();
+    } else {
+        model_.Click(ControlName(button));
+    }
+    AfterAction();
+}
+
+void DialogBinder::AfterAction() {
+    Refresh();
+    const DialogEnd end = model_.End();
+    if (end != DialogEnd::Open && !ended_) {
+        ended_ = true;
+        emit Ended(end);
+    }
+}
+
+bool DialogBinder::eventFilter(QObject* watched, QEvent* event) {
+    auto* box = qobject_cast<QLineEdit*>(watched);
+    if (box == nullptr || box == delivering_) return false;
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return KeyPressed(box, static_cast<QKeyEvent*>(event));
+        case QEvent::FocusIn:
+            boxWithFocus_ = box;
+            break;
+        case QEvent::FocusOut: {
+            // The focus leaving the window, or going to a menu of the box, does not leave it.
+            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+            if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+                LeaveBox(box);
+            break;
+        }
+        default:
+            break;
+    }
+    return false;
+}
+
+bool DialogBinder::KeyPressed(QLineEdit* box, QKeyEvent* key) {
+    const std::optional<KeyPress> press = Translate(*key);
+    if (!press) return false;
+    const KeyAnswer answer = model_.Key(ControlName(box), *press, CaretOf(*box));
+    switch (answer.verdict) {
+        case KeyAnswer::Verdict::Pass: {
+            if (answer.focus.empty()) return false;
+            // The box takes the key now, before the focus moves on.
+            QKeyEvent copy(key->type(), key->key(), key->modifiers(), key->text(),
+                           key->isAutoRepeat(), key->count());
+            delivering_ = box;
+            QCoreApplication::sendEvent(box, &copy);
+            delivering_ = nullptr;
+            break;
+        }
+        case KeyAnswer::Verdict::Swallow:
+            break;
+        case KeyAnswer::Verdict::Beep:
+            QApplication::beep();
+            break;
+    }
+    if (!answer.focus.empty()) MoveFocus(answer.focus, answer.place);
+    return true;
+}
+
+void DialogBinder::LeaveBox(QLineEdit* box) {
+    if (boxWithFocus_ == box) boxWithFocus_ = nullptr;
+    model_.LeaveBox(ControlName(box));
+    AfterAction();
+}
+
+void DialogBinder::MoveFocus(const std::string& control, KeyAnswer::Place place) {
+    QWidget* widget = widgets_.value(QString::fromStdString(control));
+    if (widget == nullptr) return;
+    TakeFocus(widget);
+    auto* box = qobject_cast<QLineEdit*>(widget);
+    if (box == nullptr) return;
+    switch (place) {
+        case KeyAnswer::Place::SelectAll:
+            box->selectAll();
+            break;
+        case KeyAnswer::Place::End:
+            box->setCursorPosition(static_cast<int>(box->text().size()));
+            break;
+        case KeyAnswer::Place::Start:
+            box->setCursorPosition(0);
+            break;
+    }
+}
+
+void DialogBinder::TakeFocus(QWidget* widget) {
+    QLineEdit* previous = boxWithFocus_;
+    if (widget->focusPolicy() != Qt::NoFocus) widget->setFocus(Qt::OtherFocusReason);
+    // Outside an active window Qt moves the focus without telling the boxes.
+    if (previous != nullptr && previous != widget && boxWithFocus_ == previous) LeaveBox(previous);
+    if (auto* box = qobject_cast<QLineEdit*>(widget)) boxWithFocus_ = box;
+}
+
+}  // namespace lumacfg::ui
