@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
+#include <random>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -11,8 +13,8 @@
 namespace lumacfg::platform::posix {
 namespace {
 
-// One file with every kind of line the rules distinguish; read once with LF endings and once
-// with CR LF endings, the answers must be the same.
+// One file with every kind of line the rules distinguish; read with LF, CR LF or CR endings,
+// the answers must be the same.
 constexpr const char* kMixedLines[] = {
     "; comment=not a key",
     "orphan=before any header",
@@ -73,7 +75,7 @@ TEST(ProfileDocumentTest, ReadsTheRulesOfSectionsKeysAndValues) {
         {"Missing", "key1", std::nullopt},
     };
     const std::size_t count = std::size(kMixedLines);
-    for (const std::string ending : {"\n", "\r\n"}) {
+    for (const std::string ending : {"\n", "\r\n", "\r"}) {
         for (bool terminated : {false, true}) {
             ProfileDocument document(Join(kMixedLines, count, ending, terminated));
             for (const auto& [section, key, expected] : cases) {
@@ -113,6 +115,13 @@ TEST(ProfileDocumentTest, EditsGiveTheExactBytes) {
         {"[S]\na=1\n[T]\n[s]\nb=2\n", "S", "b", "3", "[S]\na=1\nb=3\n[T]\n[s]\nb=2\n"},
         {"[S]\n[T\n", "T", "a", "1", "[S]\n[T\n[T]\na=1\n"},  // "[T" is no header
         {"", " S ", " K ", " v", "[S]\r\nK= v\r\n"},
+        // A CR alone ends a line, the file's first one included.
+        {"[S]\ra=1\r", "S", "b", "2", "[S]\ra=1\rb=2\r"},
+        {"[S]\r\na=1\r", "S", "b", "2", "[S]\r\na=1\rb=2\r\n"},
+        {"[S]\ra=1\rb=2\r\n", "S", "a", "3", "[S]\ra=3\rb=2\r\n"},
+        // A UTF-8 byte-order mark is no part of the first line, and stays.
+        {"\xEF\xBB\xBF[S]\na=1\n", "s", "A", "2", "\xEF\xBB\xBF[S]\na=2\n"},
+        {"\xEF\xBB\xBF", "S", "K", "V", "\xEF\xBB\xBF[S]\r\nK=V\r\n"},
     };
     for (const auto& [before, section, key, value, after] : sets) {
         ProfileDocument document(before);
@@ -135,6 +144,106 @@ TEST(ProfileDocumentTest, EditsGiveTheExactBytes) {
         bool changed = key ? document.DeleteKey(section, *key) : document.DeleteSection(section);
         EXPECT_EQ(changed, after != before) << before;
         EXPECT_EQ(document.Bytes(), after) << before;
+    }
+}
+
+// A line that an edit leaves ending in a CR alone before an empty line ending in LF reads
+// back as one line ending in CR LF. The bytes show it only once a key is added behind it.
+TEST(ProfileDocumentTest, ACrAloneBeforeAnEmptyLineReadsAsOneEnding) {
+    // Before, an edit of section S (a value, or none to delete the key), and the bytes after
+    // it and after key "n" is set to 3.
+    const std::tuple<std::string, std::string, std::optional<std::string>, std::string> cases[] = {
+        {"[S]\rk=1\r\n\n[T]\r", "k", "2", "[S]\rk=2\r\nn=3\r[T]\r"},
+        {"[S]\rk=1\r\n\n[T]\r", "m", "2", "[S]\rk=1\r\nm=2\r\nn=3\r[T]\r"},
+        {"[S]\ra=1\rk=1\r\n\n[T]\r", "k", std::nullopt, "[S]\ra=1\r\nn=3\r[T]\r"},
+    };
+    for (const auto& [before, key, value, after] : cases) {
+        ProfileDocument document(before);
+        EXPECT_TRUE(value ? document.Set("S", key, *value) : document.DeleteKey("S", key));
+        EXPECT_TRUE(document.Set("S", "n", "3"));
+        EXPECT_EQ(document.Bytes(), after) << before;
+    }
+}
+
+// The bytes of a file in the given form: as it is, behind a UTF-8 byte-order mark, or as
+// UTF-16 of either byte order (each byte widened to one unit).
+enum class Form { kPlain, kUtf8, kUtf16Le, kUtf16Be };
+std::string InForm(const std::string& text, Form form) {
+    if (form == Form::kPlain) return text;
+    if (form == Form::kUtf8) return "\xEF\xBB\xBF" + text;
+    bool bigEndian = form == Form::kUtf16Be;
+    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (char c : text) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+    return bytes;
+}
+
+// A save makes its edits on one document and writes its bytes once; the same edits made one
+// by one on the file, each reading back what the last one wrote, must give the same bytes and
+// the same reads after every step, whatever the endings and the encoding of the file.
+TEST(ProfileDocumentTest, EditsOnOneDocumentGiveTheBytesOfEditsOneByOne) {
+    // Lines and names that meet every rule: duplicates, a key line that an edit turns into a
+    // header ("[a=1" set to "b]"), a key asked for with "=" in it (written as "k=x=...", a
+    // line of key "k"), empty lines that a CR alone before them must not swallow.
+    const std::string pieces[] = {"[A]", " [ a ] ", "[B",    "[B]x]", "k=1",      " K = '2' ",
+                                  "k",   "=v",      "",      "",      " \t",      "[]",
+                                  "j=3", "[a=1",    "[a=b]", "k=x=3", "\xE9=\x80"};
+    const std::string endings[] = {"\r\n", "\n", "\r"};
+    const std::string sections[] = {"A", "a", "B]x", "", "a=b", "new"};
+    const std::string keys[] = {"k", "K", "j", "", "[a", "k=x", "\xE9"};
+    const std::string values[] = {"1", "", "b]", "v\rw", "'q'", "x\ny"};
+    using Edit = std::function<bool(ProfileDocument&)>;
+    std::mt19937 random(11);
+    auto any = [&random](const auto& list) { return list[random() % std::size(list)]; };
+    for (int round = 0; round < 600; ++round) {
+        std::string text;
+        // One ending for the whole file, or each line its own.
+        const bool mixed = random() % 2;
+        const std::string fileEnding = any(endings);
+        for (int line = std::uniform_int_distribution(0, 10)(random); line > 0; --line) {
+            text += any(pieces) + (mixed && !text.empty() ? any(endings) : fileEnding);
+        }
+        if (random() % 2) text += any(pieces);  // no ending after the last line
+        const auto form = static_cast<Form>(round % 4);
+        std::string bytes = InForm(text, form);
+        ProfileDocument batch(bytes);
+        std::string log = "file: " + bytes;
+        for (int step = 0; step < 12; ++step) {
+            std::string section = any(sections);
+            std::string key = any(keys);
+            std::string value = any(values);
+            Edit edit;
+            switch (random() % 4) {
+                case 0:
+                    edit = [=](ProfileDocument& d) { return d.DeleteKey(section, key); };
+                    log += "\ndelete " + section + "/" + key;
+                    break;
+                case 1:
+                    edit = [=](ProfileDocument& d) { return d.DeleteSection(section); };
+                    log += "\ndelete " + section;
+                    break;
+                default:
+                    edit = [=](ProfileDocument& d) { return d.Set(section, key, value); };
+                    log += "\nset " + section + "/" + key + "=" + value;
+            }
+            ProfileDocument single(bytes);
+            EXPECT_EQ(edit(batch), edit(single)) << log;
+            bytes = single.Bytes();
+            ASSERT_EQ(batch.Bytes(), bytes) << log;
+            // Lines that differ in what the bytes do not show (where one line ends and the
+            // next begins) give different bytes once a key is added behind them.
+            const std::string probed = any(sections);
+            ProfileDocument probedBatch = batch;
+            ProfileDocument probedSingle(bytes);
+            probedBatch.Set(probed, "probe", "1");
+            probedSingle.Set(probed, "probe", "1");
+            ASSERT_EQ(probedBatch.Bytes(), probedSingle.Bytes()) << log << "\nprobe " << probed;
+            for (const std::string& s : sections) {
+                for (const std::string& k : keys) {
+                    EXPECT_EQ(batch.Get(s, k), LookUpProfileValue(bytes, s, k))
+                        << "[" << s << "] " << k << " after " << log;
+                }
+            }
+        }
     }
 }
 

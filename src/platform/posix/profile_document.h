@@ -1,14 +1,25 @@
 // One profile file in memory: its lines exactly as read, and the edits the profile service
 // makes to them. Untouched lines keep their bytes; a new or changed line takes the ending
 // of the file's first line (CR LF when the file has none).
+//
+// Encodings are read as the Windows profile service reads them: a UTF-8 byte-order mark is
+// skipped and written again; a file that starts with FF FE (UTF-16 little-endian) or FE FF
+// (big-endian) is decoded to Windows-1252 for the core and written back as UTF-16 of the same
+// byte order. A line ends at CR LF, at LF or at a CR alone.
+//
+// The document answers a command that looks up thousands of values in one file: the first
+// header of each section name, and the first key of each name in such a section, are found
+// through an index built on first use and kept up to date by the edits, so Get and Set of an
+// existing key take constant time on average whatever the size of the file.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
-
-#include "base/text.h"
 
 namespace lumacfg::platform::posix {
 
@@ -17,7 +28,16 @@ class ProfileDocument {
     ProfileDocument() = default;
     explicit ProfileDocument(std::string_view bytes);
 
+    // Why bytes cannot be read as a profile file, or nullopt when they can. Only UTF-16 text
+    // can fail: an odd number of bytes, or a surrogate without its other half. A document
+    // built from such bytes never fails: it reads what it can (an unpaired surrogate reads as
+    // "?"; the odd last byte is no character and is kept after the last line), and gives the
+    // bytes back unchanged while nothing is edited. But a file with a problem must not be
+    // replaced by what an edited document writes: what it could not read would be lost.
+    static std::optional<std::string> Problem(std::string_view bytes);
+
     // The value of key in the first section of that name (quotes of a quoted value removed).
+    // A read may build the index: one document is never read from two threads at once.
     std::optional<std::string> Get(std::string_view section, std::string_view key) const;
     // Each edit returns true when it changed the document.
     bool Set(std::string_view section, std::string_view key, std::string_view value);
@@ -27,19 +47,83 @@ class ProfileDocument {
     std::string Bytes() const;
 
   private:
-    struct SectionSpan {
-        std::size_t header;  // index of the header line
-        std::size_t end;     // index one past the section's last line
+    enum class Encoding : std::uint8_t { kAnsi, kUtf8, kUtf16Le, kUtf16Be };
+    // In the order the line splitter numbers the endings (0 none, 1 LF, 2 CR, 3 CR LF).
+    enum class Ending : std::uint8_t { kNone, kLf, kCr, kCrLf };
+    static constexpr std::size_t kNoLine = static_cast<std::size_t>(-1);
+
+    // The lines form a list in file order, linked through their numbers, so an insertion or a
+    // deletion leaves the number of every other line, and so the index, as it was (a
+    // removed line stays in lines_, out of the list).
+    // An untouched line is written as it was read: its bytes in source_. Its text (without
+    // the ending) is those bytes, or in a UTF-16 file their Windows-1252 decoding; characters
+    // that Windows-1252 lacks are so written back as they were. A new or changed line is
+    // written from its text.
+    struct Line {
+        std::string text;  // Windows-1252: UTF-16 files, and lines new or changed
+        Ending ending = Ending::kNone;
+        bool edited = false;
+        std::size_t sourceBegin = 0;
+        std::size_t sourceEnd = 0;
+        std::size_t prev = kNoLine;
+        std::size_t next = kNoLine;
     };
 
-    std::optional<SectionSpan> FindSection(std::string_view section) const;
-    std::optional<std::size_t> FindKey(const SectionSpan& span, std::string_view key) const;
-    void InsertLine(std::size_t index, std::string content);
-    // The ending of the file's first line as it stands now (CR LF when it has none), so an
-    // edit after the first line was deleted gives what re-reading the file would give.
-    std::string NewLine() const;
+    // Names compared without regard to ASCII case, looked up without copying the name asked for.
+    struct CaselessHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view name) const;
+    };
+    struct CaselessEqual {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+    // The first line (or section) of a name, and how many carry the name: when the first one
+    // is deleted, the next one is looked for only when there is one.
+    struct Named {
+        std::size_t first;
+        std::size_t count;
+    };
+    using NameIndex = std::unordered_map<std::string, Named, CaselessHash, CaselessEqual>;
 
-    std::vector<TextLine> lines_;
+    // One header line; the sections form a list in file order, so a section ends where the
+    // next header begins.
+    struct Section {
+        std::size_t header;
+        std::size_t prev = kNoLine;
+        std::size_t next = kNoLine;
+        bool keysIndexed = false;  // keys are indexed for the first section of a name only
+        NameIndex keys{};
+    };
+
+    std::string_view Text(std::size_t line) const;
+    std::size_t Append(Line line);
+    std::size_t InsertAfter(std::size_t after, std::string text);
+    void Unlink(std::size_t first, std::size_t last);
+    void JoinBlankLine(std::size_t line);
+    Ending NewLine() const;
+
+    void EnsureIndex() const;
+    void DropIndex() const;
+    std::size_t FindSection(std::string_view name) const;
+    std::size_t SectionEnd(std::size_t section) const;
+    NameIndex& KeysOf(std::size_t section) const;
+    std::size_t FindKey(std::size_t section, std::string_view key) const;
+    void IndexNewKey(std::size_t section, std::size_t line);
+
+    Encoding encoding_ = Encoding::kAnsi;
+    std::string source_;   // the bytes after the byte-order mark
+    std::string trailer_;  // UTF-16 files: a last byte that makes no character
+    std::vector<Line> lines_;
+    std::size_t head_ = kNoLine;
+    std::size_t tail_ = kNoLine;
+
+    // Built on first use by a read or an edit; an edit that would need more than a local
+    // change (a new line that turns out to be a header) drops it, to be built again.
+    mutable bool indexed_ = false;
+    mutable std::vector<Section> sections_;
+    mutable std::size_t lastSection_ = kNoLine;
+    mutable NameIndex sectionNames_;
 };
 
 // The value ProfileDocument(bytes).Get(section, key) gives, found by one pass over the bytes
