@@ -20,6 +20,7 @@
 
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
+#include "platform/posix/profile_document.h"
 #include "platform/services.h"
 #include "support/temp_dir.h"
 
@@ -105,17 +106,21 @@ TEST_F(ProfileServiceTest, WhatCannotBeReadIsReportedAndNeverWritten) {
     Put("ok.ini", "[S]\nK=1\n");
     fs::create_directory(dir_ / "dir.ini");
     ASSERT_EQ(::mkfifo(PathOf("fifo.ini").c_str(), 0666), 0);
-    const std::tuple<const char*, const char*> cases[] = {
+    const std::string halfCharacter("\xFF\xFE[\0S\0]\0K", 7);  // UTF-16 with an odd byte
+    Put("utf16.ini", halfCharacter);
+    const std::string undecodable = ProfileDocument::Problem(halfCharacter).value_or("?");
+    const std::tuple<const char*, std::string> cases[] = {
         {"missing.ini", ""},
         {"ok.ini", ""},
         {"dir.ini", "not a regular file (a directory)"},
         {"fifo.ini", "not a regular file (a FIFO)"},
+        {"utf16.ini", undecodable},
     };
     Deadline deadline;
     for (const auto& [name, reason] : cases) {
         for (bool batch : {false, true}) {
             SCOPED_TRACE(std::string(name) + (batch ? " in a batch" : ""));
-            const bool readable = *reason == '\0';
+            const bool readable = reason.empty();
             if (batch) service_->BeginBatch();
             EXPECT_EQ(service_->Readable(PathOf(name)), readable);
             EXPECT_EQ(service_->GetString(PathOf(name), "S", "K", "d", 10).text,
@@ -134,7 +139,8 @@ TEST_F(ProfileServiceTest, WhatCannotBeReadIsReportedAndNeverWritten) {
     }
     EXPECT_TRUE(fs::is_directory(dir_ / "dir.ini"));
     EXPECT_TRUE(fs::is_fifo(dir_ / "fifo.ini"));
-    EXPECT_EQ(Names(), (std::vector<std::string>{"dir.ini", "fifo.ini", "ok.ini"}));
+    EXPECT_EQ(Bytes("utf16.ini"), halfCharacter);
+    EXPECT_EQ(Names(), (std::vector<std::string>{"dir.ini", "fifo.ini", "ok.ini", "utf16.ini"}));
 }
 
 // A random station profile: mixed endings, duplicates, blanks, quotes, an unterminated end.
