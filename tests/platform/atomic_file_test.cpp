@@ -3,7 +3,6 @@
 // touched, and the reason is given. Needs the right to mount (tests run as root).
 #include <fcntl.h>
 #include <grp.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/wait.h>
@@ -19,43 +18,16 @@
 #include <string>
 
 #include "platform/posix/atomic_file.h"
+#include "support/scoped_mount.h"
 #include "support/temp_dir.h"
 
 namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::ScopedMount;
 using support::TempDir;
 using support::WriteBytes;
-
-// A tmpfs of its own for one case, unmounted when the object goes.
-class Tmpfs {
-  public:
-    Tmpfs(const fs::path& at, const std::string& options) : at_(at) {
-        fs::create_directories(at);
-        if (::mount("tmpfs", at.c_str(), "tmpfs", 0, options.c_str()) == 0) {
-            mounted_ = true;
-        } else {
-            error_ = "cannot mount a tmpfs: " + std::string(std::strerror(errno));
-        }
-    }
-    ~Tmpfs() {
-        if (mounted_) ::umount2(at_.c_str(), MNT_DETACH);
-    }
-    Tmpfs(const Tmpfs&) = delete;
-    Tmpfs& operator=(const Tmpfs&) = delete;
-
-    const std::string& Error() const { return error_; }
-    void MakeReadOnly() const {
-        ASSERT_EQ(::mount(nullptr, at_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0)
-            << std::strerror(errno);
-    }
-
-  private:
-    fs::path at_;
-    bool mounted_ = false;
-    std::string error_;
-};
 
 // Uses up the file system's room: one file grown until the disk is full.
 void FillSpace(const fs::path& dir) {
@@ -151,8 +123,8 @@ TEST(ReplaceFileTest, RefusedWritesLeaveEverythingAsItWas) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         const fs::path dir = temp.Path() / "disk";
-        Tmpfs disk(dir, c.options);
-        if (!disk.Error().empty()) GTEST_SKIP() << disk.Error();
+        const ScopedMount disk = ScopedMount::Tmpfs(dir, c.options);
+        if (!disk.Ok()) GTEST_SKIP() << disk.Error();
         WriteBytes(dir / "station.ist", kOld);
         c.setUp(dir);
         const auto before = Snapshot(dir);
@@ -169,9 +141,9 @@ TEST(ReplaceFileTest, RefusedWritesLeaveEverythingAsItWas) {
 
     // The same refusal on a file system mounted read-only, even for a file with write bits.
     const fs::path dir = temp.Path() / "disk";
-    Tmpfs disk(dir, "size=1m");
+    const ScopedMount disk = ScopedMount::Tmpfs(dir, "size=1m");
     WriteBytes(dir / "station.ist", kOld);
-    disk.MakeReadOnly();
+    ASSERT_TRUE(disk.MakeReadOnly()) << std::strerror(errno);
     EXPECT_EQ(ReplaceFile((dir / "station.ist").string(), big).reason, "Read-only file system");
     EXPECT_EQ(ReplaceFile((dir / "new.ist").string(), big).reason, "Read-only file system");
     EXPECT_EQ(Snapshot(dir), (std::map<std::string, std::string>{{"station.ist", kOld}}));
@@ -270,8 +242,8 @@ TEST(ReplaceFileTest, InPlaceOnlyWhenTheNewSizeIsReserved) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
         const fs::path disk = temp.Path() / "disk", dir = disk / "locked";
-        Tmpfs mount(disk, "size=64k,mode=0755");
-        if (!mount.Error().empty()) GTEST_SKIP() << mount.Error();
+        const ScopedMount mount = ScopedMount::Tmpfs(disk, "size=64k,mode=0755");
+        if (!mount.Ok()) GTEST_SKIP() << mount.Error();
         WriteBytes(dir / "station.ist", kOld);
         ::chmod((dir / "station.ist").c_str(), 0666);
         ::chmod(dir.c_str(), c.directoryMode);

@@ -28,8 +28,10 @@ class ScopedMount {
         return mount;
     }
 
-    // A tmpfs at `directory` with these options ("size=64k", "nr_inodes=8"...).
+    // A tmpfs at `directory` (made when missing) with these options ("size=64k",
+    // "nr_inodes=8"...).
     static ScopedMount Tmpfs(const std::filesystem::path& directory, const std::string& options) {
+        std::filesystem::create_directories(directory);
         ScopedMount mount(directory);
         if (::mount("tmpfs", directory.c_str(), "tmpfs", 0, options.c_str()) != 0) {
             return mount.Failed();
@@ -48,6 +50,10 @@ class ScopedMount {
     }
 
     bool Ok() const { return mounted_ && error_.empty(); }
+    // A tmpfs made read-only from now on, its files kept; false when it cannot be.
+    bool MakeReadOnly() const {
+        return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+    }
     const std::string& Error() const { return error_; }
 
   private:
