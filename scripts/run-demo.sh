@@ -2,8 +2,10 @@
 # Starts the configuration program on a fresh copy of the demo station (examples/demo-station)
 # and lists the files of the copy that the run created or changed. Builds nothing.
 #   BUILD_DIR=build/release scripts/run-demo.sh
-# With the desktop program built (BUILD_DIR/lumacfg) and a display, the window opens on the copy;
-# otherwise the headless front end prints the record ("show") and the tray selection ("tray").
+# With the desktop program built (BUILD_DIR/lumacfg) and a display, the window opens on the copy.
+# Without a display the window is drawn on Qt's offscreen platform and saved as a picture
+# (build/demo/main-window.png); then the headless front end prints the record ("show") and the
+# tray selection ("tray").
 set -euo pipefail
 cd "$(dirname "$0")/.."
 repo=$(pwd)
@@ -68,7 +70,18 @@ else
         exit 1
     fi
     if [ -x "$build_dir/lumacfg" ]; then
-        echo "No display: the configuration window cannot open; using the headless front end."
+        picture=$demo_dir/main-window.png
+        echo "No display: the configuration window cannot open here. It is drawn off screen"
+        echo "instead and saved as a picture (the first start creates the station):"
+        rm -f "$picture"
+        QT_QPA_PLATFORM=offscreen run "$build_dir/lumacfg" --screenshot "$picture"
+        if [ -s "$picture" ]; then
+            echo "The window as it would open: $picture"
+        else
+            echo "run-demo: no picture of the window was saved" >&2
+        fi
+        echo
+        echo "The same station through the headless front end:"
     else
         echo "The configuration window is not built yet; using the headless front end."
     fi

@@ -13,6 +13,7 @@
 #include <QRadioButton>
 #include <QShortcut>
 #include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "ui/dialog/qt/ansi_text.h"
@@ -61,17 +62,16 @@ MainWindow::MainWindow(MainDialog& model, QWidget* parent) : QDialog(parent), mo
     setObjectName(QStringLiteral("Fm_Config"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 
+    // The last frame of each column takes the room left, so both columns end on one line.
     auto* left = new QVBoxLayout;
     left->addWidget(BuildConnection());
     left->addWidget(BuildRemoteStart());
-    left->addWidget(BuildIntroduction());
-    left->addStretch(1);
+    left->addWidget(BuildIntroduction(), 1);
     auto* right = new QVBoxLayout;
     right->addWidget(BuildInhibit());
     right->addWidget(BuildQcMode());
     right->addWidget(BuildEmProtection());
-    right->addWidget(BuildSecurity());
-    right->addStretch(1);
+    right->addWidget(BuildSecurity(), 1);
     auto* columns = new QHBoxLayout;
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
@@ -181,6 +181,7 @@ QGroupBox* MainWindow::BuildIntroduction() {
     instrument->addStretch(1);
     grid->addLayout(instrument, 4, 0, 1, 3);
     grid->setColumnStretch(1, 1);
+    grid->setRowStretch(5, 1);
     // The application files of the OPAL system are kept in lists nobody sees.
     KeepHidden(Make<QComboBox>(frame, Indexed("Cb_MPMFileStd", 0), {}));
     KeepHidden(Make<QComboBox>(frame, Indexed("Cb_MPMFileStd", 1), {}));
@@ -232,12 +233,15 @@ QGroupBox* MainWindow::BuildSecurity() {
     auto* title = Make<QLabel>(frame, "Lb_Title_VLTFolder");
     auto* folder = Make<PathLabel>(frame, "Lb_VLTFolder");
     folder->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    auto* choose = Make<QPushButton>(frame, "Cd_SelVLTFolder");
+    // A browse button as wide as its caption, leaving the room to the folder.
+    auto* choose = Make<QToolButton>(frame, "Cd_SelVLTFolder");
+    choose->setFocusPolicy(Qt::StrongFocus);
     title->setBuddy(choose);
     grid->addWidget(title, 3, 0);
     grid->addWidget(folder, 3, 1);
     grid->addWidget(choose, 3, 2);
     grid->setColumnStretch(1, 1);
+    grid->setRowStretch(4, 1);
     return frame;
 }
 
