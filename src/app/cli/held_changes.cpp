@@ -23,12 +23,6 @@ std::string Lowered(std::string_view text) {
     return lowered;
 }
 
-// One file as the held changes name it: the data-system path first used, and a key under which
-// every spelling of the same file meets (the file system finds a name whatever its case).
-std::string FileKey(std::string_view file) {
-    return Lowered(platform::HostPath(file));
-}
-
 std::string_view SingleLine(std::string_view text) {
     return text.substr(0, text.find_first_of("\r\n"));
 }
@@ -117,6 +111,17 @@ struct HeldChanges::Log {
         return {Found::State::Disk, {}, file};
     }
 
+    // One file as the held changes name it: a key under which every spelling of the same file
+    // meets (the file system finds a name whatever its case). Nothing on the disk changes while
+    // changes are held, so each spelling is resolved once.
+    const std::string& FileKey(std::string_view file) {
+        auto found = fileKeys.find(file);
+        if (found == fileKeys.end()) {
+            found = fileKeys.emplace(std::string(file), Lowered(platform::HostPath(file))).first;
+        }
+        return found->second;
+    }
+
     bool ProfileHeld(const std::string& fileKey) const {
         return std::any_of(profileChanges.begin(), profileChanges.end(),
                            [&](const ProfileChange& change) { return change.fileKey == fileKey; });
@@ -131,8 +136,9 @@ struct HeldChanges::Log {
     std::vector<ProfileChange> profileChanges;
     std::vector<RegistryChange> registryChanges;
     std::vector<FileChange> fileChanges;
-    std::map<std::string, HeldFile> heldFiles;  // by FileKey
-    std::vector<std::string> heldFileOrder;     // keys, in the order first changed
+    std::map<std::string, std::string, std::less<>> fileKeys;  // by the spelling used
+    std::map<std::string, HeldFile> heldFiles;                 // by FileKey
+    std::vector<std::string> heldFileOrder;                    // keys, in the order first changed
     std::vector<SecurityCall> securityCalls;
     bool open = true;
 };
@@ -150,7 +156,7 @@ class HeldProfiles final : public platform::ProfileService {
                                     std::size_t size) override {
         const std::string path(file);
         Log::Found found =
-            log_->Lookup(path, FileKey(file), section, key, log_->profileChanges.size());
+            log_->Lookup(path, log_->FileKey(file), section, key, log_->profileChanges.size());
         switch (found.state) {
             case Log::Found::State::Value:
                 return Truncated(std::move(found.text), size);
@@ -166,7 +172,7 @@ class HeldProfiles final : public platform::ProfileService {
                      std::optional<std::string_view> key,
                      std::optional<std::string_view> value) override {
         Log::ProfileChange change{
-            std::string(file), FileKey(file), std::string(section), {}, {}, {}, {}};
+            std::string(file), log_->FileKey(file), std::string(section), {}, {}, {}, {}};
         if (key) change.key = std::string(*key);
         if (value) change.value = std::string(*value);
         log_->profileChanges.push_back(std::move(change));
@@ -174,11 +180,16 @@ class HeldProfiles final : public platform::ProfileService {
     }
 
     bool CopyFile(std::string_view source, std::string_view target) override {
-        const std::string sourceKey = FileKey(source);
+        const std::string sourceKey = log_->FileKey(source);
         const bool there = log_->ProfileHeld(sourceKey) || log_->files->Exists(source);
         if (!there || !log_->profiles->Readable(source)) return false;
-        log_->profileChanges.push_back(
-            {std::string(target), FileKey(target), {}, {}, {}, std::string(source), sourceKey});
+        log_->profileChanges.push_back({std::string(target),
+                                        log_->FileKey(target),
+                                        {},
+                                        {},
+                                        {},
+                                        std::string(source),
+                                        sourceKey});
         return true;
     }
 
@@ -329,12 +340,12 @@ class HeldFiles final : public platform::FileSystem {
 
   private:
     const Log::HeldFile* Held(std::string_view path) const {
-        auto found = log_->heldFiles.find(FileKey(path));
+        auto found = log_->heldFiles.find(log_->FileKey(path));
         return found == log_->heldFiles.end() ? nullptr : &found->second;
     }
 
     void Hold(std::string_view path, std::optional<std::string> bytes) {
-        const std::string key = FileKey(path);
+        const std::string key = log_->FileKey(path);
         auto [held, added] = log_->heldFiles.try_emplace(key, Log::HeldFile{std::string(path), {}});
         if (added) log_->heldFileOrder.push_back(key);
         held->second.bytes = std::move(bytes);
