@@ -130,11 +130,15 @@ class PosixProfileService final : public ProfileService {
 
     bool EndBatch() override {
         if (depth_ == 0 || --depth_ > 0) return true;
-        // Each changed file once, in the order it was first changed; a file that cannot be
-        // written does not keep the others from being written.
+        // Each changed file once, in the order it was first changed; a file whose changes
+        // brought it back to the bytes read is left as it is; a file that cannot be written does
+        // not keep the others from being written.
         bool ok = !refused_;
         for (const std::string& host : changed_) {
-            ok = Written(host, entries_.at(host).document.Bytes()) && ok;
+            const Entry& entry = entries_.at(host);
+            std::string bytes = entry.document.Bytes();
+            if (entry.onDisk && bytes == entry.bytesRead) continue;
+            ok = Written(host, bytes) && ok;
         }
         entries_.clear();
         hosts_.clear();
@@ -148,6 +152,7 @@ class PosixProfileService final : public ProfileService {
     struct Entry {
         std::string host;
         ProfileDocument document;
+        std::string bytesRead;    // as the batch first read them
         bool onDisk = false;      // there when the batch first looked
         bool readFailed = false;  // there but not readable as a profile (reported)
         bool dirty = false;       // changed by the batch
@@ -189,6 +194,7 @@ class PosixProfileService final : public ProfileService {
             entry.refusal = std::optional<std::string>(read.reason);
         } else {
             entry.document = ProfileDocument(read.bytes);
+            entry.bytesRead = std::move(read.bytes);
         }
         return entries_.emplace(host, std::move(entry)).first->second;
     }
