@@ -8,6 +8,7 @@
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <dlfcn.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -37,6 +38,58 @@ class NoWindows final : public WindowService {
 
 #if defined(LUMACFG_HAVE_X11)
 
+// libX11 is loaded when a display is named, not when the program starts: the headless front
+// end, run by scripts on stations without a desktop, does not pay for loading it. The table of
+// its functions is filled once and never released (trivially destroyed, like the handle).
+#define LUMACFG_XLIB_FUNCTIONS(F) \
+    F(XAllocSizeHints)            \
+    F(XChangeProperty)            \
+    F(XCloseDisplay)              \
+    F(XFree)                      \
+    F(XGetWMNormalHints)          \
+    F(XGetWindowAttributes)       \
+    F(XGetWindowProperty)         \
+    F(XInternAtom)                \
+    F(XMoveResizeWindow)          \
+    F(XOpenDisplay)               \
+    F(XQueryTree)                 \
+    F(XRaiseWindow)               \
+    F(XReparentWindow)            \
+    F(XSendEvent)                 \
+    F(XSetErrorHandler)           \
+    F(XSetWMNormalHints)          \
+    F(XSync)                      \
+    F(XTranslateCoordinates)
+
+struct XLib {
+#define LUMACFG_XLIB_POINTER(name) decltype(&::name) name = nullptr;
+    LUMACFG_XLIB_FUNCTIONS(LUMACFG_XLIB_POINTER)
+#undef LUMACFG_XLIB_POINTER
+};
+constinit XLib g_xlib;
+constinit bool g_xlibLoaded = false;
+
+// True when libX11 and every function used here were found.
+bool LoadXLib() {
+    if (g_xlibLoaded) return true;
+    void* library = ::dlopen("libX11.so.6", RTLD_LAZY | RTLD_LOCAL);
+    if (library == nullptr) return false;
+    XLib loaded;
+    bool complete = true;
+#define LUMACFG_XLIB_SYMBOL(name)                                               \
+    loaded.name = reinterpret_cast<decltype(&::name)>(::dlsym(library, #name)); \
+    complete = complete && loaded.name != nullptr;
+    LUMACFG_XLIB_FUNCTIONS(LUMACFG_XLIB_SYMBOL)
+#undef LUMACFG_XLIB_SYMBOL
+    if (!complete) {
+        ::dlclose(library);
+        return false;
+    }
+    g_xlib = loaded;
+    g_xlibLoaded = true;
+    return true;
+}
+
 // Errors on this backend's connections (a window that has gone, a handle that never was) are
 // ignored; the requests that need an answer then report failure. Other connections keep the
 // handler they had. Each open connection is a link of an intrusive list that the connection
@@ -54,7 +107,7 @@ int IgnoreOwnErrors(Display* display, XErrorEvent* event) {
 
 struct XFreeDeleter {
     void operator()(void* data) const {
-        if (data != nullptr) XFree(data);
+        if (data != nullptr) g_xlib.XFree(data);
     }
 };
 
@@ -70,18 +123,18 @@ class X11Windows final : public WindowService {
   public:
     static std::unique_ptr<WindowService> Connect() {
         const char* name = std::getenv("DISPLAY");
-        if (name == nullptr || *name == '\0') return nullptr;
-        Display* display = XOpenDisplay(nullptr);
+        if (name == nullptr || *name == '\0' || !LoadXLib()) return nullptr;
+        Display* display = g_xlib.XOpenDisplay(nullptr);
         if (display == nullptr) return nullptr;
         return std::unique_ptr<WindowService>(new X11Windows(display));
     }
 
     ~X11Windows() override {
-        XCloseDisplay(display_);
+        g_xlib.XCloseDisplay(display_);
         X11Windows** link = &g_openConnections;
         while (*link != this) link = &(*link)->next_;
         *link = next_;
-        if (g_openConnections == nullptr) XSetErrorHandler(g_previousHandler);
+        if (g_openConnections == nullptr) g_xlib.XSetErrorHandler(g_previousHandler);
     }
     X11Windows(const X11Windows&) = delete;
     X11Windows& operator=(const X11Windows&) = delete;
@@ -110,20 +163,20 @@ class X11Windows final : public WindowService {
     void SetZOrder(WindowHandle window, ZOrder order) override {
         if (window == 0) return;
         if (order == ZOrder::Topmost) AddAboveState(window);
-        XRaiseWindow(display_, window);
-        XSync(display_, False);
+        g_xlib.XRaiseWindow(display_, window);
+        g_xlib.XSync(display_, False);
     }
 
     void SetParent(WindowHandle window, WindowHandle parent) override {
         XWindowAttributes attributes;
-        if (window == 0 || !XGetWindowAttributes(display_, window, &attributes)) return;
-        XReparentWindow(display_, window, OrRoot(parent), attributes.x, attributes.y);
-        XSync(display_, False);
+        if (window == 0 || !g_xlib.XGetWindowAttributes(display_, window, &attributes)) return;
+        g_xlib.XReparentWindow(display_, window, OrRoot(parent), attributes.x, attributes.y);
+        g_xlib.XSync(display_, False);
     }
 
     Rect ClientRect(WindowHandle window) override {
         XWindowAttributes attributes;
-        if (window == 0 || !XGetWindowAttributes(display_, window, &attributes)) return {};
+        if (window == 0 || !g_xlib.XGetWindowAttributes(display_, window, &attributes)) return {};
         return {0, 0, attributes.width, attributes.height};
     }
 
@@ -143,11 +196,11 @@ class X11Windows final : public WindowService {
     // window has its rectangle in its parent's coordinates.
     Rect NormalRect(WindowHandle window) override {
         XWindowAttributes attributes;
-        if (window == 0 || !XGetWindowAttributes(display_, window, &attributes)) return {};
+        if (window == 0 || !g_xlib.XGetWindowAttributes(display_, window, &attributes)) return {};
         int x = attributes.x, y = attributes.y;
         if (IsTopLevel(window)) {
             Window unused;
-            XTranslateCoordinates(display_, window, root_, 0, 0, &x, &y, &unused);
+            g_xlib.XTranslateCoordinates(display_, window, root_, 0, 0, &x, &y, &unused);
         }
         return RectOf(x, y, attributes.width, attributes.height);
     }
@@ -158,8 +211,8 @@ class X11Windows final : public WindowService {
         unsigned width = ClampSize(std::int64_t{rect.right} - rect.left);
         unsigned height = ClampSize(std::int64_t{rect.bottom} - rect.top);
         if (IsTopLevel(window)) AskForPosition(window, x, y, width, height);
-        XMoveResizeWindow(display_, window, x, y, width, height);
-        XSync(display_, False);
+        g_xlib.XMoveResizeWindow(display_, window, x, y, width, height);
+        g_xlib.XSync(display_, False);
     }
 
     WindowHandle Desktop() override { return root_; }
@@ -171,13 +224,16 @@ class X11Windows final : public WindowService {
 
     explicit X11Windows(Display* display)
         : display_(display), root_(DefaultRootWindow(display)), atoms_(InternAtoms(display)) {
-        if (g_openConnections == nullptr) g_previousHandler = XSetErrorHandler(IgnoreOwnErrors);
+        if (g_openConnections == nullptr)
+            g_previousHandler = g_xlib.XSetErrorHandler(IgnoreOwnErrors);
         next_ = g_openConnections;
         g_openConnections = this;
     }
 
     static Atoms InternAtoms(Display* display) {
-        auto atom = [display](const char* name) { return XInternAtom(display, name, False); };
+        auto atom = [display](const char* name) {
+            return g_xlib.XInternAtom(display, name, False);
+        };
         return {atom("WM_STATE"),           atom("_NET_WM_NAME"),         atom("UTF8_STRING"),
                 atom("_NET_WORKAREA"),      atom("_NET_CURRENT_DESKTOP"), atom("_NET_WM_STATE"),
                 atom("_NET_WM_STATE_ABOVE")};
@@ -207,8 +263,9 @@ class X11Windows final : public WindowService {
         Property result;
         unsigned char* data = nullptr;
         unsigned long after = 0;
-        int status = XGetWindowProperty(display_, window, property, 0, length, False, type,
-                                        &result.type, &result.format, &result.count, &after, &data);
+        int status =
+            g_xlib.XGetWindowProperty(display_, window, property, 0, length, False, type,
+                                      &result.type, &result.format, &result.count, &after, &data);
         result.data.reset(data);
         bool wanted = status == Success && (type == AnyPropertyType || result.type == type);
         if (!wanted) result.type = None;
@@ -261,7 +318,7 @@ class X11Windows final : public WindowService {
         Window root = None, parent = None;
         Window* children = nullptr;
         unsigned count = 0;
-        if (!XQueryTree(display_, window, &root, &parent, &children, &count)) return {};
+        if (!g_xlib.XQueryTree(display_, window, &root, &parent, &children, &count)) return {};
         std::unique_ptr<Window, XFreeDeleter> owned(children);
         Tree tree{parent, std::vector<Window>(children, children + count)};
         std::reverse(tree.childrenTopFirst.begin(), tree.childrenTopFirst.end());
@@ -314,8 +371,8 @@ class X11Windows final : public WindowService {
         if (std::find(states.begin(), states.end(), static_cast<long>(atoms_.above)) ==
             states.end()) {
             Atom above = atoms_.above;
-            XChangeProperty(display_, window, atoms_.netWmState, XA_ATOM, 32, PropModeAppend,
-                            reinterpret_cast<unsigned char*>(&above), 1);
+            g_xlib.XChangeProperty(display_, window, atoms_.netWmState, XA_ATOM, 32, PropModeAppend,
+                                   reinterpret_cast<unsigned char*>(&above), 1);
         }
         XEvent event{};
         event.xclient.type = ClientMessage;
@@ -325,23 +382,23 @@ class X11Windows final : public WindowService {
         event.xclient.data.l[0] = 1;  // add
         event.xclient.data.l[1] = static_cast<long>(atoms_.above);
         event.xclient.data.l[3] = 1;  // from an application
-        XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask,
-                   &event);
+        g_xlib.XSendEvent(display_, root_, False, SubstructureRedirectMask | SubstructureNotifyMask,
+                          &event);
     }
 
     // A window manager places a new window where it likes unless the program asks for a place.
     void AskForPosition(Window window, int x, int y, unsigned width, unsigned height) {
-        XSizeHints* hints = XAllocSizeHints();
+        XSizeHints* hints = g_xlib.XAllocSizeHints();
         if (hints == nullptr) return;
         long supplied = 0;
-        XGetWMNormalHints(display_, window, hints, &supplied);
+        g_xlib.XGetWMNormalHints(display_, window, hints, &supplied);
         hints->flags |= USPosition | USSize;
         hints->x = x;
         hints->y = y;
         hints->width = static_cast<int>(width);
         hints->height = static_cast<int>(height);
-        XSetWMNormalHints(display_, window, hints);
-        XFree(hints);
+        g_xlib.XSetWMNormalHints(display_, window, hints);
+        g_xlib.XFree(hints);
     }
 
     Display* display_;
