@@ -1,54 +1,31 @@
 // Whole-process figures of the headless front end, as a script that sets up stations sees
-// them: from starting lumacfg-cli to its exit, on a station whose "lumagen.ist" carries
-// 100,000 keys of other programs in section "WSX,1".
+// them: from starting lumacfg-cli to its exit. "show" and "save" on a station whose
+// "lumagen.ist" carries 100,000 keys of other programs in section "WSX,1"; "set" of one field
+// on the demo station.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
-#include <spawn.h>
-#include <stdlib.h>
-#include <sys/wait.h>
 
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
-#include <vector>
 
-extern char** environ;
+#include "bench_station.h"
 
 namespace {
 
 namespace fs = std::filesystem;
+using lumacfg::bench::RunProgram;
 
 constexpr int kExtraKeys = 100000;
 
-// Runs lumacfg-cli with the argument, its output thrown away; false when it did not exit 0.
-bool RunCli(const char* command) {
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
-    char* argv[] = {const_cast<char*>(LUMACFG_CLI_PATH), const_cast<char*>(command), nullptr};
-    pid_t pid = 0;
-    const int started = posix_spawn(&pid, LUMACFG_CLI_PATH, &actions, nullptr, argv, environ);
-    posix_spawn_file_actions_destroy(&actions);
-    int status = 0;
-    return started == 0 && waitpid(pid, &status, 0) == pid && WIFEXITED(status) &&
-           WEXITSTATUS(status) == 0;
+bool RunCli(const std::vector<std::string>& arguments) {
+    return RunProgram(LUMACFG_CLI_PATH, arguments).ok;
 }
 
 // A station created by the front end's first start, then given the other programs' keys.
-void MakeLargeStation() {
-    const fs::path root = fs::temp_directory_path() / "lumacfg-bench-process";
-    fs::remove_all(root);
-    fs::create_directories(root / "LUMAEXE");
-    std::ofstream(root / "registry.reg", std::ios::binary)
-        << "Windows Registry Editor Version 5.00\r\n\r\n"
-           "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n"
-           "\"Path\"=\"C:\\\\PLASMA\"\r\n\"HardWare\"=dword:00000001\r\n";
-    ::setenv("LUMACFG_PROGRAM_DIR", (root / "LUMAEXE").c_str(), 1);
-    ::setenv("LUMACFG_REGISTRY", (root / "registry.reg").c_str(), 1);
-    ::setenv("LUMACFG_LOCK_DIR", root.c_str(), 1);
-    ::unsetenv("DISPLAY");
-    RunCli("show");
+bool MakeLargeStation() {
+    const fs::path root = lumacfg::bench::MakeStationRoot("process");
+    if (!RunCli({"show"})) return false;
     const fs::path station = root / "LUMAEXE" / "lumagen.ist";
     std::stringstream text;
     text << std::ifstream(station, std::ios::binary).rdbuf();
@@ -59,16 +36,37 @@ void MakeLargeStation() {
     const std::string header = "[WSX,1]\r\n";
     bytes.insert(bytes.find(header) + header.size(), extra);
     std::ofstream(station, std::ios::binary | std::ios::trunc) << bytes;
+    return true;
 }
 
 void BM_CliOnLargeStation(benchmark::State& state, const char* command) {
-    MakeLargeStation();
+    if (!MakeLargeStation()) state.SkipWithError("lumacfg-cli could not create the station");
     for (auto _ : state) {
-        if (!RunCli(command)) state.SkipWithError("lumacfg-cli failed");
+        if (!RunCli({command})) state.SkipWithError("lumacfg-cli failed");
     }
 }
 
+// One field set, in turn to two addresses, so that every run changes and writes the station.
+void BM_CliSetOneField(benchmark::State& state) {
+    lumacfg::bench::CopyDemoStation("set");
+    if (!RunCli({"show"})) state.SkipWithError("lumacfg-cli could not create the station");
+    int run = 0;
+    for (auto _ : state) {
+        const std::string address = "LAN_IPADDR=192.168.1." + std::to_string(100 + run++ % 2);
+        if (!RunCli({"set", address})) state.SkipWithError("lumacfg-cli set failed");
+    }
+}
+
+// What starting and ending any process costs on this machine, for comparison.
+void BM_ProcessStartAlone(benchmark::State& state) {
+    for (auto _ : state) {
+        if (!RunProgram("/bin/true", {}).ok) state.SkipWithError("/bin/true failed");
+    }
+}
+
+BENCHMARK(BM_ProcessStartAlone)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(BM_CliOnLargeStation, show, "show")->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(BM_CliOnLargeStation, save, "save")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_CliSetOneField)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace

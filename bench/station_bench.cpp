@@ -1,13 +1,11 @@
 // Figures of a whole station: the full load and the full save of a default station, and of a
 // station whose "lumagen.ist" also carries 10,000 keys of other programs.
 #include <benchmark/benchmark.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-
 #include <filesystem>
 #include <fstream>
 #include <string>
 
+#include "bench_station.h"
 #include "config/config_record.h"
 #include "config/load_configuration.h"
 #include "config/save_configuration.h"
@@ -18,19 +16,10 @@ namespace fs = std::filesystem;
 
 constexpr int kOtherProgramsKeys = 10000;
 
-// A station directory with a registry store; the station profile is the default one, plus
-// `otherKeys` keys of other programs spread over twenty sections.
+// A station whose profile is the default one, plus `otherKeys` keys of other programs spread
+// over twenty sections.
 void MakeStation(int otherKeys) {
-    fs::path root =
-        fs::temp_directory_path() / ("lumacfg-bench-station-" + std::to_string(otherKeys));
-    fs::remove_all(root);
-    fs::create_directories(root / "LUMAEXE");
-    std::ofstream(root / "registry.reg", std::ios::binary)
-        << "Windows Registry Editor Version 5.00\r\n\r\n"
-           "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\\Plasmasuite\\CurrentVersion]\r\n"
-           "\"Path\"=\"C:\\\\PLASMA\"\r\n\"HardWare\"=dword:00000001\r\n";
-    ::setenv("LUMACFG_PROGRAM_DIR", (root / "LUMAEXE").c_str(), 1);
-    ::setenv("LUMACFG_REGISTRY", (root / "registry.reg").c_str(), 1);
+    const fs::path root = lumacfg::bench::MakeStationRoot("station-" + std::to_string(otherKeys));
     {
         std::ofstream out(root / "LUMAEXE" / "lumagen.ist", std::ios::binary);
         for (int section = 0; section < 20; ++section) {
