@@ -261,6 +261,8 @@ TEST_F(ProfileServiceTest, BatchReadsOnceAndWritesEachChangedFileOnceInOrder) {
         service_->WriteString(PathOf("zeta.ini"), "Z", "K", "1");
         service_->WriteString(PathOf("alpha.ini"), "A", "K", "1");
         ::chmod(PathOf("alpha.ini").c_str(), 0444);  // refused when the batch ends
+        service_->WriteString(PathOf("runtype.ini"), "R", "X", "2");
+        service_->WriteString(PathOf("runtype.ini"), "R", "X", "1");  // back as it was read
         for (int i = 0; i < 50; ++i) {
             service_->WriteString(PathOf("LUMAGEN.IST"), "WSX", "K" + std::to_string(i), "v");
             EXPECT_EQ(Get("lumagen.ist", "wsx", "k" + std::to_string(i)), "v");
@@ -273,10 +275,11 @@ TEST_F(ProfileServiceTest, BatchReadsOnceAndWritesEachChangedFileOnceInOrder) {
         EXPECT_FALSE(service_->EndBatch());
     }
     EXPECT_EQ(watch.Events(),
-              (std::vector<std::string>{
-                  "open zeta.ini", "open alpha.ini", "open .",  // "LUMAGEN.IST" looked up
-                  "open lumagen.ist", "open runtype.ini", "inner end", "write zeta.ini", "open .",
-                  "write lumagen.ist", "open ."}));  // each write flushes the directory
+              (std::vector<std::string>{"open zeta.ini", "open alpha.ini", "open runtype.ini",
+                                        "open .",  // "LUMAGEN.IST" looked up
+                                        "open lumagen.ist", "inner end", "write zeta.ini", "open .",
+                                        "write lumagen.ist",
+                                        "open ."}));  // each write flushes the directory
     EXPECT_EQ(
         Failures().Take(),
         (std::vector<FileFailure>{{FileOperation::Write, PathOf("alpha.ini"), "read-only file"}}));
