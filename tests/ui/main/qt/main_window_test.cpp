@@ -17,6 +17,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "config/config_record.h"
 #include "config/start_up.h"
@@ -193,6 +194,29 @@ TEST_F(MainWindowTest, ResetRefillsTheWidgetsAndTheVltFolderChosenGoesToItsLabel
     QTest::mouseClick(Find<QAbstractButton>("Cd_SelVLTFolder"), Qt::LeftButton);
     EXPECT_EQ(State("Lb_VLTFolder").text, "/srv/J\xFCrgen");
     EXPECT_EQ(Find<QLabel>("Lb_VLTFolder")->text(), QString::fromUtf8("/srv/Jürgen"));
+}
+
+// Tab follows the frames: the left column top to bottom, the right column, then the buttons;
+// a greyed control and the unchosen option of a group are passed over.
+TEST_F(MainWindowTest, TabFollowsTheFrames) {
+    Start(/*lan=*/true);
+    QWidget* first = Find("Ed_IP(0)");
+    first->setFocus();
+    std::vector<std::string> chain;
+    for (QWidget* at = first; chain.size() < 40;) {
+        chain.push_back(at->objectName().toStdString());
+        QTest::keyClick(at, Qt::Key_Tab);
+        at = QApplication::focusWidget();
+        if (at == first || at == nullptr) break;
+    }
+    std::vector<std::string> expected = {"Ed_IP(0)",   "Ed_IP(1)",  "Ed_IP(2)", "Ed_IP(3)",
+                                         "Ck_Offline", "Op_NotUse", "Cb_Type",  "Cb_Auto"};
+    for (int i = 0; i < 10; ++i) expected.push_back("Ed_Inhibit(" + std::to_string(i) + ")");
+    for (const char* name : {"Cd_Browse", "Cd_QCCfg", "Ck_Integ", "Ck_Security", "Ck_VLT",
+                             "Cd_Misc", "Cd_Tlbar", "Cd_Save", "Cd_Reset", "Cancel", "Help"}) {
+        expected.emplace_back(name);
+    }
+    EXPECT_EQ(chain, expected);
 }
 
 }  // namespace
