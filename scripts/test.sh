@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is needed, builds with warnings as errors and runs every test; then builds
-# and runs the same tests with AddressSanitizer and UndefinedBehaviorSanitizer.
+# Installs what is needed, builds with warnings as errors and runs every test (on CI also the
+# Debian package's test); then builds and runs the same tests with AddressSanitizer and
+# UndefinedBehaviorSanitizer.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -17,6 +18,12 @@ scripts/check-layers.sh
 
 scripts/setup.sh build/release -DLUMACFG_WERROR=ON
 run_tests build/release
+
+# The Debian package built, validated, installed, run and removed again. It installs a package
+# on this machine, so it runs on CI or when asked for with LUMACFG_PACKAGE_TEST=1.
+if [ "${CI:-}" = true ] || [ "${LUMACFG_PACKAGE_TEST:-}" = 1 ]; then
+    scripts/package-test.sh build/release
+fi
 
 scripts/setup.sh build/sanitize -DLUMACFG_WERROR=ON -DLUMACFG_SANITIZE=ON \
     -DLUMACFG_BUILD_BENCH=OFF -DCMAKE_BUILD_TYPE=Debug

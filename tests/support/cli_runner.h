@@ -1,5 +1,5 @@
-// Runs the built lumacfg-cli as a user would, in the environment of the test, and collects
-// what it prints and its exit status.
+// Runs a built program (lumacfg-cli, or the window) as a user would, in the environment of the
+// test, and collects what it prints and its exit status.
 #pragma once
 
 #include <sys/wait.h>
@@ -19,11 +19,11 @@ struct CliResult {
 };
 
 // Each argument is quoted for the shell; the standard error goes through a file in `scratch`.
-inline CliResult RunCli(const std::vector<std::string>& args,
-                        const std::filesystem::path& scratch) {
+inline CliResult RunProgram(const std::string& program, const std::vector<std::string>& args,
+                            const std::filesystem::path& scratch) {
     const std::string errFile = (scratch / "cli-stderr.txt").string();
     // A program that blocks is a fault of its own: it is ended, never waited for forever.
-    std::string command = "timeout -s KILL 20 " LUMACFG_CLI_PATH;
+    std::string command = "timeout -s KILL 20 " + program;
     for (const std::string& arg : args) {
         command += " '";
         for (char c : arg) command += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -40,6 +40,11 @@ inline CliResult RunCli(const std::vector<std::string>& args,
     if (result.exit == 137) result.exit = -1;  // killed by the time limit
     result.err = ReadBytes(errFile).value_or("");
     return result;
+}
+
+inline CliResult RunCli(const std::vector<std::string>& args,
+                        const std::filesystem::path& scratch) {
+    return RunProgram(LUMACFG_CLI_PATH, args, scratch);
 }
 
 }  // namespace lumacfg::support

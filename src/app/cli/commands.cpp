@@ -23,7 +23,8 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli reset [--dry-run]\n"
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
-    "       lumacfg-cli profile delete FILE SECTION [KEY]\n";
+    "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
+    "       lumacfg-cli --help | --version\n";
 
 int Usage(std::ostream& err) {
     err << kUsage;
@@ -126,6 +127,14 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     if (command == "profile") return RunProfile(args, out, err);
     if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
     if (args.size() > 1) return Usage(err);
+    if (command == "--help") {
+        out << kUsage;
+        return kExitOk;
+    }
+    if (command == "--version") {
+        out << "lumacfg-cli " LUMACFG_VERSION "\n";
+        return kExitOk;
+    }
     if (command == "show") return InOneBatch([&] { return RunShow(out); }, err);
     if (command == "save") return InOneBatch(RunSave, err);
     if (command == "tray") return InOneBatch([&] { return RunTrayCommand(out); }, err);

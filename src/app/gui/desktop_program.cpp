@@ -18,6 +18,19 @@
 
 namespace lumacfg::gui {
 
+bool PrintInformation(const std::vector<std::string>& arguments, std::ostream& out) {
+    if (arguments.size() != 1) return false;
+    if (arguments[0] == "--help") {
+        out << kUsage;
+        return true;
+    }
+    if (arguments[0] == "--version") {
+        out << "lumacfg " LUMACFG_VERSION "\n";
+        return true;
+    }
+    return false;
+}
+
 bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
     options.commandLineEmpty = arguments.isEmpty();
     for (qsizetype i = 0; i < arguments.size(); ++i) {

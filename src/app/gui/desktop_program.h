@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,8 @@ inline constexpr int kExitStartUpRefused = 3;  // another copy runs, or the data
 inline constexpr int kExitFileFailed = 4;      // a file could not be read or written
 
 inline constexpr const char* kUsage =
-    "usage: lumacfg [--screenshot FILE.png] [--quit-after-shown]\n";
+    "usage: lumacfg [--screenshot FILE.png] [--quit-after-shown]\n"
+    "       lumacfg --help | --version\n";
 
 struct DesktopOptions {
     // A picture of the window is saved here once it is laid out (empty: none); the window is
@@ -37,6 +39,10 @@ struct DesktopOptions {
     // Only a start with an empty command line is interactive (it logs on).
     bool commandLineEmpty = true;
 };
+
+// "--help" or "--version" as the only argument: prints the usage or the version on `out` and
+// returns true. Asked before any window exists, so it needs no display.
+bool PrintInformation(const std::vector<std::string>& arguments, std::ostream& out);
 
 // The program's own arguments (Qt has taken its own out); false for a usage error.
 bool ParseOptions(const QStringList& arguments, DesktopOptions& options);

@@ -1,6 +1,7 @@
 // lumacfg: the desktop program (desktop_program.h says what a run does).
 //
 //   lumacfg [--screenshot FILE.png] [--quit-after-shown]
+//   lumacfg --help | --version
 //
 // --screenshot saves a picture of the window once it is laid out, then closes the window as
 // its frame would (nothing of the editing is saved); --quit-after-shown closes it so once it
@@ -21,6 +22,7 @@
 
 int main(int argc, char** argv) {
     using namespace lumacfg;
+    if (gui::PrintInformation({argv + 1, argv + argc}, std::cout)) return gui::kExitOk;
     QApplication application(argc, argv);
     gui::DesktopOptions options;
     if (!gui::ParseOptions(QApplication::arguments().mid(1), options)) {
