@@ -71,6 +71,11 @@ set(CPACK_PACKAGE_DESCRIPTION
     "for the scripted set-up of many stations.")
 string(REPLACE ";" "" CPACK_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+# The directories installed programs live in (the package's and the build's own install) never
+# hold a station: the programs refuse to take one for their program directory.
+target_compile_definitions(lumacfg_core PRIVATE
+    LUMACFG_PACKAGE_BINDIR="${CPACK_PACKAGING_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}"
+    LUMACFG_INSTALL_BINDIR="${CMAKE_INSTALL_FULL_BINDIR}")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)

@@ -88,6 +88,16 @@ shows_window() {
         test "$(head -c 8 "$work/window.png" | od -An -tx1 | tr -d ' \n')" = 89504e470d0a1a0a
 }
 check "lumacfg shows its window (offscreen)" shows_window
+# Without LUMACFG_PROGRAM_DIR the installed programs' own directory would be taken for the
+# station's: refused, named, and nothing is made there.
+refuses_own_directory() {
+    local status=0
+    env -u LUMACFG_PROGRAM_DIR /usr/bin/lumacfg-cli show >/dev/null 2>"$work/refused.txt" ||
+        status=$?
+    [ "$status" -eq 4 ] && grep -q "cannot read /usr/bin: .*LUMACFG_PROGRAM_DIR" "$work/refused.txt" &&
+        ! ls /usr/bin | grep -qix "lumagen.ist"
+}
+check "lumacfg-cli show refuses /usr/bin as the station" refuses_own_directory
 
 remove_package() {
     DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get purge -y -qq lumacfg >/dev/null

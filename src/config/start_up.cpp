@@ -74,7 +74,7 @@ void CreateStation() {
 // can be read as a profile. A station that cannot be read is never replaced by a new one.
 bool StationReadable() {
     const std::string directory = platform::ProgramDirectory();
-    if (auto problem = platform::DirectoryProblem(directory)) {
+    if (auto problem = platform::ProgramDirectoryProblem()) {
         platform::Failures().Report(platform::FileOperation::Read, platform::HostPath(directory),
                                     *problem);
         return false;

@@ -42,6 +42,11 @@ std::string ProgramDirectory();
 // "Not a directory", ...), or nullopt when it is one.
 std::optional<std::string> DirectoryProblem(std::string_view systemPath);
 
+// Why the program directory holds no station that can be read: DirectoryProblem's reasons, and
+// the directory of installed programs (such as /usr/bin) taken for want of LUMACFG_PROGRAM_DIR,
+// where a new station must never be made. nullopt when it can be read.
+std::optional<std::string> ProgramDirectoryProblem();
+
 // Joins a directory and a file name with exactly one backslash.
 std::string JoinPath(std::string_view directory, std::string_view name);
 

@@ -77,9 +77,24 @@ std::string HostPath(std::string_view systemPath) {
     return resolved;
 }
 
+namespace {
+
+const char* ConfiguredProgramDirectory() {
+    const char* configured = std::getenv("LUMACFG_PROGRAM_DIR");
+    return configured && *configured ? configured : nullptr;
+}
+
+// The directories the programs are installed in by the package or by the build's install: they
+// hold the system's programs, never a data system's station.
+bool IsInstalledProgramsDirectory(const std::string& directory) {
+    return directory == LUMACFG_PACKAGE_BINDIR || directory == LUMACFG_INSTALL_BINDIR;
+}
+
+}  // namespace
+
 std::string ProgramDirectory() {
     std::string directory;
-    if (const char* configured = std::getenv("LUMACFG_PROGRAM_DIR"); configured && *configured) {
+    if (const char* configured = ConfiguredProgramDirectory()) {
         directory = configured;
     } else {
         char buffer[4096];
@@ -92,6 +107,15 @@ std::string ProgramDirectory() {
         directory.pop_back();
     }
     return directory;
+}
+
+std::optional<std::string> ProgramDirectoryProblem() {
+    const std::string directory = ProgramDirectory();
+    if (ConfiguredProgramDirectory() == nullptr && IsInstalledProgramsDirectory(directory)) {
+        return "an installed program's own directory is no station; set LUMACFG_PROGRAM_DIR to "
+               "the data system's program directory";
+    }
+    return DirectoryProblem(directory);
 }
 
 std::string JoinPath(std::string_view directory, std::string_view name) {
