@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QTimer>
 #include <string>
 #include <vector>
@@ -68,6 +69,19 @@ TEST_F(MainWindowReachTest, ClosingByTheFrameWritesWhatTheMiscellaneousOkAskedFo
                   kExitOk);
         EXPECT_EQ(StationText().find("OPT_AUTOREC=1\r\n") != std::string::npos, c.written);
     }
+}
+
+TEST_F(MainWindowReachTest, TheScreenshotOfAClickIsTheWindowTheButtonOpens) {
+    DesktopOptions options;
+    EXPECT_FALSE(ParseOptions({QStringLiteral("--click"), QStringLiteral("Cd_Misc")}, options));
+    ASSERT_TRUE(
+        ParseOptions({QStringLiteral("--screenshot"), QString::fromStdString(Root() + "/misc.png"),
+                      QStringLiteral("--click"), QStringLiteral("Cd_Misc")},
+                     options));
+    EXPECT_EQ(RunDesktop(options), kExitOk);
+    const QImage misc(QString::fromStdString(Root() + "/misc.png"));
+    EXPECT_GT(misc.width(), 200);
+    EXPECT_FALSE(StationText().find("OPT_AUTOREC") == std::string::npos);  // the station exists
 }
 
 }  // namespace
