@@ -1,10 +1,12 @@
-// The programs started from the main window, with the demo station's stand-ins: the report
-// socket heard by lumacfg-cli notify, and the whole QC and toolbar round trips (the wait window
-// shown while the stand-in runs, its report received, the window updated).
+// The QC mode and toolbar buttons of the main window, with the demo station's stand-ins: the
+// report socket heard by lumacfg-cli notify, the whole QC and toolbar round trips (the wait
+// window shown while the stand-in runs, its report received, the window updated), and a QC mode
+// browsed for in the file selection.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QProcess>
 #include <QSignalSpy>
@@ -123,6 +125,36 @@ TEST_F(SiblingRoundTripTest, TheToolbarRunEndsWithItsReportAndAMissingProgramIsS
         ASSERT_EQ(messages_.size(), 1U);
         EXPECT_EQ(messages_[0].text, "Could not execute Toolbar Configuration.");
         EXPECT_TRUE(window.isEnabled());
+    });
+}
+
+// Browses for a QC mode: the file selection shows the QC mode folder with the current mode
+// chosen; the user picks the folder `mode`.
+void BrowseTo(ui::MainWindow& window, const fs::path& mode, QString* preselected) {
+    QTimer::singleShot(0, [=] {
+        auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(chooser, nullptr);
+        *preselected = chooser->selectedFiles().value(0);
+        chooser->selectFile(QString::fromStdString(mode.string()));
+        static_cast<QDialog*>(chooser)->accept();  // the Choose button
+    });
+    window.Binder().Click(QStringLiteral("Cd_Browse"));
+}
+
+TEST_F(SiblingRoundTripTest, BrowsingTakesAQcModeFolderThatHoldsARunType) {
+    fs::create_directories(root_ / "1" / "QCMODE" / "EMPTY.QCC");
+    Run([&](ui::MainWindow& window) {
+        auto* label = window.findChild<QLabel*>(QStringLiteral("Lbl_QCFile"));
+        QString preselected;
+        BrowseTo(window, root_ / "1" / "QCMODE" / "EMPTY.QCC", &preselected);
+        EXPECT_TRUE(preselected.endsWith(QStringLiteral("/1/QCMODE/GENERAL.QCC")))
+            << preselected.toStdString();
+        ASSERT_EQ(messages_.size(), 1U);
+        EXPECT_EQ(messages_[0].text, "Selected QC Mode file is invalid.");
+        EXPECT_EQ(label->text(), QStringLiteral("GENERAL.QCC"));
+        BrowseTo(window, root_ / "1" / "QCMODE" / "ENVIRO.QCC", &preselected);
+        EXPECT_EQ(label->text(), QStringLiteral("ENVIRO.QCC"));
+        EXPECT_EQ(messages_.size(), 1U);
     });
 }
 
