@@ -27,8 +27,6 @@ class MainWindowReach final : public QObject {
     // Gives the window's buttons their actions and listens for reports while it lives.
     MainWindowReach(ui::MainWindow& window, ui::MainDialog& dialog);
 
-    ui::SiblingRuns& Runs() { return runs_; }
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

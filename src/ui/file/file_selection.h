@@ -61,12 +61,6 @@ class FileSelection {
                                    std::string_view fileName, std::string_view directory,
                                    std::string_view caption, std::string_view pattern);
 
-    // The request as the chooser last left it, and how it ended.
-    const FileRequest& Request() const { return request_; }
-    std::int16_t Mode() const { return mode_; }
-    bool Save() const { return save_; }
-    std::int16_t Outcome() const { return outcome_; }
-
   private:
     std::int16_t Select(std::string& target, std::int16_t mode, bool save,
                         std::string_view fileName, std::string_view directory,

@@ -7,6 +7,7 @@
 #include "ui/dialog/qt/ansi_text.h"
 
 namespace lumacfg::ui {
+namespace {
 
 QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
     auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
@@ -25,6 +26,8 @@ QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest&
     if (!request.fileName.empty()) dialog->selectFile(FromAnsi(request.fileName));
     return dialog;
 }
+
+}  // namespace
 
 std::int16_t QtFileChooser::SelectFile(platform::WindowHandle, SelectKind kind,
                                        FileRequest& request) {

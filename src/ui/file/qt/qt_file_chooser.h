@@ -7,8 +7,6 @@
 
 #include "ui/file/file_selection.h"
 
-class QFileDialog;
-
 namespace lumacfg::ui {
 
 class QtFileChooser final : public FileChooser {
@@ -22,8 +20,5 @@ class QtFileChooser final : public FileChooser {
   private:
     QPointer<QWidget> parent_;
 };
-
-// The dialog the chooser shows for a request (the caller runs it).
-QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request);
 
 }  // namespace lumacfg::ui
