@@ -37,6 +37,9 @@ sleep 1
 export LUMACFG_PROGRAM_DIR=$station/LUMAEXE
 export LUMACFG_REGISTRY=$station/registry.reg
 export LUMACFG_AUDIT_LOG=$station/audit.log
+# The stand-ins of the QC configuration and toolbar programs report back through the headless
+# front end.
+export LUMACFG_CLI=$build_dir/lumacfg-cli
 
 echo "Demo station:   $station"
 echo "Program dir:    $LUMACFG_PROGRAM_DIR"

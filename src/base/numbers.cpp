@@ -100,6 +100,15 @@ std::string FixedHalfAwayFromZero(double value, int decimals) {
 
 }  // namespace
 
+bool IsNumber(std::string_view text) {
+    std::size_t start = 0;
+    std::size_t end = text.size();
+    while (start < end && (text[start] == ' ' || text[start] == '\t')) ++start;
+    while (end > start && (text[end - 1] == ' ' || text[end - 1] == '\t')) --end;
+    const std::string_view number = text.substr(start, end - start);
+    return !number.empty() && NumericPrefixLength(number) == number.size();
+}
+
 double LenientNumber(std::string_view text) {
     std::size_t start = 0;
     while (start < text.size() && (text[start] == ' ' || text[start] == '\t')) ++start;

@@ -14,6 +14,10 @@ namespace lumacfg {
 // exponent) is converted. Text with no numeric prefix gives 0.
 double LenientNumber(std::string_view text);
 
+// True when the whole text, leading and trailing blanks aside, is one decimal number (the
+// form LenientNumber reads); "", "1.5x" and "abc" are not numbers.
+bool IsNumber(std::string_view text);
+
 // Rounds to the nearest integer, a tie going to the even neighbour (3.5 -> 4, 2.5 -> 2).
 // A result outside the target range is reported as std::nullopt, never wrapped.
 std::optional<std::int16_t> RoundToInt16(double value);

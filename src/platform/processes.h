@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace lumacfg::platform {
@@ -16,6 +17,9 @@ class ProcessService {
     // True while the process still runs; false when it has ended or cannot be asked.
     virtual bool IsRunning(ProcessId id) = 0;
 };
+
+// One argument of a command line as Start reads it (quoted where the platform needs it).
+std::string QuotedArgument(std::string_view argument);
 
 // Held for the life of the process: the single-instance lock.
 class InstanceLock {

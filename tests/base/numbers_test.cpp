@@ -80,5 +80,14 @@ TEST(NumbersTest, FormatsRoundHalvesAwayFromZero) {
     }
 }
 
+TEST(NumbersTest, IsNumberTakesOneWholeNumberBetweenBlanks) {
+    const std::pair<const char*, bool> cases[] = {
+        {"12", true},   {" -1.5 ", true}, {"\t.5", true}, {"1e3", true}, {"+2.", true},
+        {"", false},    {"  ", false},    {"1.5x", false}, {"abc", false}, {"1 2", false},
+        {".", false},   {"-", false},     {"1e", false},
+    };
+    for (const auto& [text, number] : cases) EXPECT_EQ(IsNumber(text), number) << text;
+}
+
 }  // namespace
 }  // namespace lumacfg

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
 #include "config/config_record.h"
@@ -24,6 +25,7 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
+    "       lumacfg-cli notify QCFILE FOLDER FILE | notify TOOLBAR\n"
     "       lumacfg-cli --help | --version\n";
 
 int Usage(std::ostream& err) {
@@ -126,6 +128,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
     if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
+    if (command == "notify") {
+        const int exit = RunNotify({args.begin() + 1, args.end()}, err);
+        return exit == kExitUsage ? Usage(err) : exit;
+    }
     if (args.size() > 1) return Usage(err);
     if (command == "--help") {
         out << kUsage;

@@ -14,6 +14,7 @@ inline constexpr int kExitRefused = 1;  // a check of Save refused the change
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitStartUpRefused = 3;
 inline constexpr int kExitFileFailed = 4;  // a file could not be read or written
+inline constexpr int kExitNoWindow = 5;    // notify: no configuration window listens
 
 // Runs one command line (without the program name).
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);

@@ -9,6 +9,7 @@
 
 #include "app/cli/commands.h"
 #include "app/cli/held_changes.h"
+#include "app/cli/misc_fields.h"
 #include "app/cli/unified_diff.h"
 #include "base/text.h"
 #include "config/config_record.h"
@@ -69,9 +70,6 @@ constexpr std::string_view kAutosamplerFields[] = {
     "COM_PORT",     "RACK1_ID",  "RACK2_ID",        "RACK3_ID", "RACK4_ID",   "RACK5_ID",
     "RACK6_ID",     "RACK7_ID",  "RACK8_ID",        "TRAY_ID",  "MAX_BOTTLE", "RINSE_DEPTH",
     "SAMPLE_DEPTH", "STD_DEPTH", "ONEBOTTLE_DEPTH", "ESC_MODE"};
-constexpr std::string_view kMiscellaneousFields[] = {
-    "OPT_SC",      "OPT_PMP2",    "OPT_ORGANIC", "OPT_IMTPUMP", "OPT_SHUTDOWN", "EnableDTCal",
-    "OPT_AUTOREC", "OPT_STOP_PP", "OPT_CHG_CG",  "OPT_CHG_FLW", "OPT_CHG_TIME", "ExternalPump"};
 
 template <std::size_t N>
 bool Among(std::string_view name, const std::string_view (&names)[N]) {
@@ -147,14 +145,24 @@ std::optional<std::map<std::string_view, std::string>> ParseAssignments(
         }
         const std::string name = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
+        if (auto misc = MiscellaneousField(name)) {
+            if (values.contains(*misc)) {
+                err << "lumacfg-cli: " << name << " is given twice\n";
+                return std::nullopt;
+            }
+            if (auto problem = MiscellaneousFormProblem(*misc, value)) {
+                err << "lumacfg-cli: " << name << " " << *problem << ", not \"" << value << "\"\n";
+                return std::nullopt;
+            }
+            values.emplace(*misc, value);
+            continue;
+        }
         auto field = std::find_if(kMainFields.begin(), kMainFields.end(),
                                   [&](const MainField& f) { return f.name == name; });
         if (field == kMainFields.end()) {
             err << "lumacfg-cli: " << name;
             if (Among(name, kAutosamplerFields)) {
                 err << " belongs to the autosampler dialog; it cannot be set yet\n";
-            } else if (Among(name, kMiscellaneousFields)) {
-                err << " belongs to the Miscellaneous dialog; it cannot be set yet\n";
             } else if (std::any_of(fields.begin(), fields.end(),
                                    [&](const RecordField& f) { return f.name == name; })) {
                 err << " is not edited in any window of the program\n";
@@ -443,8 +451,12 @@ int RunSet(const std::vector<std::string>& assignments, bool dryRun, std::ostrea
            std::ostream& err) {
     auto values = ParseAssignments(assignments, err);
     if (!values) return kExitUsage;
-    return RunInWindow([&](MainDialog& window) { return WindowEditor(window, err).Apply(*values); },
-                       dryRun, out, err);
+    return RunInWindow(
+        [&](MainDialog& window) {
+            const int exit = WindowEditor(window, err).Apply(*values);
+            return exit == kExitOk ? ApplyMiscellaneous(window, *values, err) : exit;
+        },
+        dryRun, out, err);
 }
 
 int RunReset(bool dryRun, std::ostream& out, std::ostream& err) {

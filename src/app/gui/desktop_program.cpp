@@ -6,13 +6,17 @@
 #include <QFileInfo>
 #include <QPixmap>
 #include <QTimer>
+#include <QWidget>
 #include <iostream>
 
+#include "app/gui/main_window_reach.h"
 #include "config/config_record.h"
 #include "config/start_up.h"
+#include "integration/help.h"
 #include "platform/services.h"
 #include "racks/custom_racks.h"
 #include "resources/string_table.h"
+#include "ui/dialog/qt/dialog_binding.h"
 #include "ui/main/main_dialog.h"
 #include "ui/main/qt/main_window.h"
 
@@ -37,14 +41,40 @@ bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
         const QString& argument = arguments[i];
         if (argument == QLatin1String("--screenshot") && i + 1 < arguments.size()) {
             options.screenshot = QFileInfo(arguments[++i]).absoluteFilePath();
+        } else if (argument == QLatin1String("--click") && i + 1 < arguments.size()) {
+            options.click = arguments[++i];
         } else if (argument == QLatin1String("--quit-after-shown")) {
             options.quitAfterShown = true;
         } else {
             return false;
         }
     }
-    return true;
+    return options.click.isEmpty() || !options.screenshot.isEmpty();
 }
+
+namespace {
+
+// Clicks the window's button and saves a picture of the modal window it opens, once that is
+// laid out; then closes that window (one that ends by itself is left to end) and the main window.
+bool ScreenshotOfClick(ui::MainWindow& window, const QString& control, const QString& file) {
+    bool saved = false;
+    auto* poll = new QTimer(&window);
+    poll->setInterval(50);
+    QObject::connect(poll, &QTimer::timeout, &window, [&, poll] {
+        QWidget* opened = QApplication::activeModalWidget();
+        if (opened == nullptr || opened == &window || !opened->isVisible()) return;
+        poll->stop();
+        saved = opened->grab().save(file, "PNG");
+        opened->close();
+        window.close();
+    });
+    poll->start();
+    window.Binder().Click(control);
+    window.close();
+    return saved;
+}
+
+}  // namespace
 
 void ShowFailures(const std::vector<platform::FileFailure>& failures) {
     std::string text;
@@ -74,8 +104,10 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     // program (a relative path of the station resolves there).
     QDir::setCurrent(QString::fromStdString(platform::ProgramDirectory()));
 
+    InitHelp();
     ui::MainDialog dialog(Config());
     ui::MainWindow window(dialog);
+    MainWindowReach reach(window, dialog);
     QEventLoop loop;
     QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
     window.show();
@@ -83,7 +115,9 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     bool screenshotSaved = true;
     // Runs once the events of showing the window are handled: the window is laid out.
     QTimer::singleShot(0, &window, [&] {
-        if (!options.screenshot.isEmpty()) {
+        if (!options.click.isEmpty()) {
+            screenshotSaved = ScreenshotOfClick(window, options.click, options.screenshot);
+        } else if (!options.screenshot.isEmpty()) {
             screenshotSaved = window.grab().save(options.screenshot, "PNG");
         } else if (options.quitAfterShown) {
             window.repaint();

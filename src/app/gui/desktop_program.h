@@ -27,13 +27,16 @@ inline constexpr int kExitStartUpRefused = 3;  // another copy runs, or the data
 inline constexpr int kExitFileFailed = 4;      // a file could not be read or written
 
 inline constexpr const char* kUsage =
-    "usage: lumacfg [--screenshot FILE.png] [--quit-after-shown]\n"
+    "usage: lumacfg [--screenshot FILE.png [--click CONTROL]] [--quit-after-shown]\n"
     "       lumacfg --help | --version\n";
 
 struct DesktopOptions {
     // A picture of the window is saved here once it is laid out (empty: none); the window is
     // then closed as by its frame.
     QString screenshot;
+    // With a screenshot: the button of the main window clicked first; the picture is then of
+    // the modal window it opens ("Cd_Misc", "Cd_Browse", "Cd_Tlbar").
+    QString click;
     // The window is closed, as by its frame, once it is shown and painted.
     bool quitAfterShown = false;
     // Only a start with an empty command line is interactive (it logs on).

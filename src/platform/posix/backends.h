@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
@@ -25,5 +26,9 @@ std::unique_ptr<InstanceLock> MakeInstanceLock();
 std::unique_ptr<LogonService> MakeLogonService();
 std::unique_ptr<SecurityLibrary> MakeSecurityLibrary();
 std::unique_ptr<HelpViewer> MakeHelpViewer();
+
+// The directory of the user's session files (the single-instance lock, the report socket):
+// LUMACFG_LOCK_DIR, else XDG_RUNTIME_DIR, else "/tmp".
+std::string RuntimeDirectory();
 
 }  // namespace lumacfg::platform::posix

@@ -38,13 +38,6 @@ bool ClassicCommandShows(std::uint32_t command) {
            command != classic_help::kSetPopupPosition;
 }
 
-// A text in single quotes for /bin/sh.
-std::string ShellQuoted(std::string_view text) {
-    std::string quoted = "'";
-    for (char c : text) quoted += (c == '\'') ? std::string("'\\''") : std::string(1, c);
-    return quoted + "'";
-}
-
 // The host file of a help file text; a bare name is looked for in the program's directory.
 std::string HostHelpFile(std::string_view file) {
     bool bareName = file.find_first_of("\\/") == std::string_view::npos;
@@ -78,7 +71,7 @@ class DesktopHelpViewer final : public HelpViewer {
   private:
     static void Open(std::string_view file) {
         if (file.empty() || !HasDesktop()) return;
-        Processes().Start("xdg-open " + ShellQuoted(HostHelpFile(file)) + " >/dev/null 2>&1");
+        Processes().Start("xdg-open " + QuotedArgument(HostHelpFile(file)) + " >/dev/null 2>&1");
     }
 
     bool contentsShown_ = false;

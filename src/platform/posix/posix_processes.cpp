@@ -80,14 +80,6 @@ class PosixProcesses final : public ProcessService {
     std::set<pid_t> ended_;     // started here and collected
 };
 
-std::string LockDirectory() {
-    for (const char* name : {"LUMACFG_LOCK_DIR", "XDG_RUNTIME_DIR"}) {
-        const char* value = std::getenv(name);
-        if (value != nullptr && *value != '\0') return value;
-    }
-    return "/tmp";
-}
-
 class FileInstanceLock final : public InstanceLock {
   public:
     ~FileInstanceLock() override {
@@ -97,7 +89,7 @@ class FileInstanceLock final : public InstanceLock {
     // A lock file that cannot be opened cannot tell of another copy: this copy runs.
     bool Acquire() override {
         if (fd_ >= 0) return true;
-        std::string path = LockDirectory() + "/lumacfg.lock";
+        std::string path = RuntimeDirectory() + "/lumacfg.lock";
         int fd = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
         if (fd < 0) fd = open(path.c_str(), O_RDONLY | O_CLOEXEC);
         if (fd < 0) return true;
@@ -116,6 +108,14 @@ class FileInstanceLock final : public InstanceLock {
 
 }  // namespace
 
+std::string RuntimeDirectory() {
+    for (const char* name : {"LUMACFG_LOCK_DIR", "XDG_RUNTIME_DIR"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0') return value;
+    }
+    return "/tmp";
+}
+
 std::unique_ptr<ProcessService> MakeProcessService() {
     return std::make_unique<PosixProcesses>();
 }
@@ -124,3 +124,15 @@ std::unique_ptr<InstanceLock> MakeInstanceLock() {
 }
 
 }  // namespace lumacfg::platform::posix
+
+namespace lumacfg::platform {
+
+// Commands run under /bin/sh: an argument in single quotes, a quote inside it closed, escaped
+// and opened again.
+std::string QuotedArgument(std::string_view argument) {
+    std::string quoted = "'";
+    for (char c : argument) quoted += (c == '\'') ? std::string("'\\''") : std::string(1, c);
+    return quoted + "'";
+}
+
+}  // namespace lumacfg::platform

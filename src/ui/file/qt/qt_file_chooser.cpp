@@ -1,0 +1,42 @@
+#include "ui/file/qt/qt_file_chooser.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <memory>
+
+#include "ui/dialog/qt/ansi_text.h"
+
+namespace lumacfg::ui {
+namespace {
+
+QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
+    auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
+    dialog->setObjectName(QStringLiteral("frmFile"));
+    // Qt's own dialog: the same on every desktop, and it can choose a folder by its pattern.
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    const bool save = kind == SelectKind::SaveFile || kind == SelectKind::SaveFolder;
+    const bool folder = kind == SelectKind::OpenFolder || kind == SelectKind::SaveFolder;
+    dialog->setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    if (folder) {
+        dialog->setFileMode(QFileDialog::Directory);
+    } else {
+        dialog->setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    }
+    dialog->setNameFilter(FromAnsi(request.pattern));
+    if (!request.fileName.empty()) dialog->selectFile(FromAnsi(request.fileName));
+    return dialog;
+}
+
+}  // namespace
+
+std::int16_t QtFileChooser::SelectFile(platform::WindowHandle, SelectKind kind,
+                                       FileRequest& request) {
+    std::unique_ptr<QFileDialog> dialog(MakeFileDialog(parent_, kind, request));
+    if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) return 0;
+    const QFileInfo chosen(dialog->selectedFiles().constFirst());
+    request.directory = ToAnsi(chosen.absolutePath());
+    request.fileName = ToAnsi(chosen.fileName());
+    return 1;
+}
+
+}  // namespace lumacfg::ui
