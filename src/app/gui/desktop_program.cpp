@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <iostream>
 
+#include "app/gui/autosampler_setup.h"
 #include "config/config_record.h"
 #include "config/start_up.h"
 #include "platform/services.h"
@@ -63,6 +64,7 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
 
     ui::MainDialog dialog(Config());
     ui::MainWindow window(dialog);
+    ConnectAutosamplerSetup(window, dialog);
     QEventLoop loop;
     QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
     window.show();
