@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/autosampler_fields.h"
 #include "app/cli/commands.h"
 #include "app/cli/held_changes.h"
 #include "app/cli/unified_diff.h"
@@ -65,10 +66,6 @@ constexpr std::array<MainField, 18> kMainFields = {{
     {"VLT_FOLDER", Form::Text},
 }};
 
-constexpr std::string_view kAutosamplerFields[] = {
-    "COM_PORT",     "RACK1_ID",  "RACK2_ID",        "RACK3_ID", "RACK4_ID",   "RACK5_ID",
-    "RACK6_ID",     "RACK7_ID",  "RACK8_ID",        "TRAY_ID",  "MAX_BOTTLE", "RINSE_DEPTH",
-    "SAMPLE_DEPTH", "STD_DEPTH", "ONEBOTTLE_DEPTH", "ESC_MODE"};
 constexpr std::string_view kMiscellaneousFields[] = {
     "OPT_SC",      "OPT_PMP2",    "OPT_ORGANIC", "OPT_IMTPUMP", "OPT_SHUTDOWN", "EnableDTCal",
     "OPT_AUTOREC", "OPT_STOP_PP", "OPT_CHG_CG",  "OPT_CHG_FLW", "OPT_CHG_TIME", "ExternalPump"};
@@ -147,12 +144,24 @@ std::optional<std::map<std::string_view, std::string>> ParseAssignments(
         }
         const std::string name = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
+        if (IsAutosamplerField(name)) {
+            const std::string_view key = std::string_view(assignment).substr(0, equals);
+            if (auto problem = AutosamplerFormProblem(name, value)) {
+                err << "lumacfg-cli: " << name << " " << *problem << ", not \"" << value << "\"\n";
+                return std::nullopt;
+            }
+            if (!values.emplace(key, value).second) {
+                err << "lumacfg-cli: " << name << " is given twice\n";
+                return std::nullopt;
+            }
+            continue;
+        }
         auto field = std::find_if(kMainFields.begin(), kMainFields.end(),
                                   [&](const MainField& f) { return f.name == name; });
         if (field == kMainFields.end()) {
             err << "lumacfg-cli: " << name;
-            if (Among(name, kAutosamplerFields)) {
-                err << " belongs to the autosampler dialog; it cannot be set yet\n";
+            if (name == "ONEBOTTLE_DEPTH") {
+                err << " follows SAMPLE_DEPTH (the V-AS dialog sets both)\n";
             } else if (Among(name, kMiscellaneousFields)) {
                 err << " belongs to the Miscellaneous dialog; it cannot be set yet\n";
             } else if (std::any_of(fields.begin(), fields.end(),
@@ -206,7 +215,8 @@ class WindowEditor {
         if (const std::string* path = given("_QCMDPATH$"); path && !given("_QCMDFILE$")) {
             if (int exit = QcMode(path, nullptr); exit != kExitOk) return exit;
         }
-        return kExitOk;
+        // The autosampler's Setup... dialog, once the autosampler is chosen.
+        return SetAutosamplerFields(window_, values, err_);
     }
 
   private:
