@@ -14,6 +14,7 @@
 #include "platform/services.h"
 #include "racks/custom_racks.h"
 #include "resources/string_table.h"
+#include "ui/dialog/qt/dialog_binding.h"
 #include "ui/main/main_dialog.h"
 #include "ui/main/qt/main_window.h"
 
@@ -25,6 +26,8 @@ bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
         const QString& argument = arguments[i];
         if (argument == QLatin1String("--screenshot") && i + 1 < arguments.size()) {
             options.screenshot = QFileInfo(arguments[++i]).absoluteFilePath();
+        } else if (argument == QLatin1String("--click") && i + 1 < arguments.size()) {
+            options.click = arguments[++i];
         } else if (argument == QLatin1String("--quit-after-shown")) {
             options.quitAfterShown = true;
         } else {
@@ -45,6 +48,19 @@ void ShowFailures(const std::vector<platform::FileFailure>& failures) {
                                .icon = platform::MessageIcon::Exclamation,
                                .buttons = platform::MessageButtons::Ok});
 }
+
+namespace {
+
+// The window, or the dialog that clicking `click` in it opened.
+QPixmap Picture(ui::MainWindow& window, const QString& click) {
+    if (!click.isEmpty()) window.Binder().Click(click);
+    for (QDialog* dialog : window.findChildren<QDialog*>()) {
+        if (dialog->isVisible()) return dialog->grab();
+    }
+    return window.grab();
+}
+
+}  // namespace
 
 int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     switch (StartUp(StartUpOptions{.commandLineEmpty = options.commandLineEmpty})) {
@@ -73,7 +89,7 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     // Runs once the events of showing the window are handled: the window is laid out.
     QTimer::singleShot(0, &window, [&] {
         if (!options.screenshot.isEmpty()) {
-            screenshotSaved = window.grab().save(options.screenshot, "PNG");
+            screenshotSaved = Picture(window, options.click).save(options.screenshot, "PNG");
         } else if (options.quitAfterShown) {
             window.repaint();
         }

@@ -26,12 +26,14 @@ inline constexpr int kExitStartUpRefused = 3;  // another copy runs, or the data
 inline constexpr int kExitFileFailed = 4;      // a file could not be read or written
 
 inline constexpr const char* kUsage =
-    "usage: lumacfg [--screenshot FILE.png] [--quit-after-shown]\n";
+    "usage: lumacfg [--screenshot FILE.png [--click CONTROL]] [--quit-after-shown]\n";
 
 struct DesktopOptions {
     // A picture of the window is saved here once it is laid out (empty: none); the window is
     // then closed as by its frame.
     QString screenshot;
+    // Clicked before the picture is taken; a dialog the click opens is the picture instead.
+    QString click;
     // The window is closed, as by its frame, once it is shown and painted.
     bool quitAfterShown = false;
     // Only a start with an empty command line is interactive (it logs on).

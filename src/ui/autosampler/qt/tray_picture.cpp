@@ -100,10 +100,16 @@ void TrayPicture::paintEvent(QPaintEvent*) {
         if (!plan_.positions[i].reason.empty())
             reasons << QStringLiteral("%1: %2").arg(i + 1).arg(Shown(plan_.positions[i].reason));
     }
-    const int reasonHeight = static_cast<int>(reasons.size()) * line;
+    const QString reasonText = reasons.join(u'\n');
+    const int reasonHeight = reasons.isEmpty()
+                                 ? 0
+                                 : metrics
+                                       .boundingRect(QRect(0, 0, static_cast<int>(room.width()), 0),
+                                                     Qt::TextWordWrap, reasonText)
+                                       .height();
     painter.setPen(kRefused);
     painter.drawText(room.adjusted(0, room.height() - reasonHeight, 0, 0),
-                     Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, reasons.join(u'\n'));
+                     Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, reasonText);
     room.setBottom(room.bottom() - reasonHeight - 4);
     if (plan_.positions.empty() || room.height() <= line) return;
 
