@@ -170,6 +170,14 @@ void TrayPicture::paintEvent(QPaintEvent*) {
                                         radius, radius);
                 }
             }
+        } else if (position.rackId != kNoId) {
+            // A standard rack has no vial grid in the file: its number stands for it.
+            QFont number = label;
+            number.setPointSizeF(label.pointSizeF() * 3);
+            painter.setFont(number);
+            painter.setPen(ink);
+            painter.drawText(rack, Qt::AlignCenter, FromAnsi(position.rackName));
+            painter.setFont(label);
         }
         // The position's number and its rack, over the position.
         const QString caption =
