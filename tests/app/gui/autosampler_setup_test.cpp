@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QDir>
+#include <QLabel>
 #include <QTest>
 #include <filesystem>
 #include <functional>
@@ -96,6 +97,11 @@ TEST_F(AutosamplerSetupTest, TheAsx500DialogsOkReachesCustrackWhenTheWindowSaves
                   ASSERT_NE(dialog, nullptr);
                   EXPECT_EQ(dialog->objectName(), "dlgASX500");
                   EXPECT_EQ(dialog->windowTitle(), "ASX500 Configuration");
+                  // The caption block marks its own accelerators.
+                  EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("lblCOMPort"))->text(),
+                            "COM &Port for ALS:");
+                  EXPECT_EQ(dialog->findChild<QLabel*>(QStringLiteral("lblRacks(0)"))->text(),
+                            "Rack ID &1:");
                   Choose(*dialog, "cmbTrayType", "Two racks");
                   Choose(*dialog, "cmbCOMPort", "COM3");
                   dialog->Binder().Click(QStringLiteral("btnOK"));
