@@ -2,34 +2,62 @@
 # Draws the windows on fresh copies of the demo station and keeps the pictures in
 # docs/screenshots/: the main window on a GPIB station ("main-window.png") and on the LAN station
 # the demo ships ("main-window-lan.png"); the Miscellaneous dialog, the file selection of a QC
-# mode and the wait window (while the toolbar stand-in runs), each opened by its button. Runs the
-# built programs under a virtual X server; builds nothing.
+# mode and the wait window (while the toolbar stand-in runs), each opened by its button; then the
+# dialogs of the autosampler's Setup... button, each on a copy whose autosampler was chosen with
+# lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
+# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png". Runs the built
+# programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
 repo=$(pwd)
-build=$repo/${BUILD_DIR:-build/release}
-program=$build/lumacfg
-[ -x "$program" ] || { echo "screenshots: $program is not built" >&2; exit 1; }
+program=$repo/${BUILD_DIR:-build/release}/lumacfg
+cli=$repo/${BUILD_DIR:-build/release}/lumacfg-cli
+for built in "$program" "$cli"; do
+    [ -x "$built" ] || { echo "screenshots: $built is not built" >&2; exit 1; }
+done
+export LUMACFG_CLI=$cli  # the stand-in programs report back through it
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Draws on a copy of the demo station whose registry names hardware model $1; the rest of the
-# arguments go to the program after the picture's file.
-picture() {
-    local model=$1 file=$2 station=$work/station-$1-${2%.png}
-    shift 2
+# A fresh copy of the demo station whose registry names hardware model $1; its environment.
+station() {
+    station=$work/station-$RANDOM$RANDOM
     cp -R examples/demo-station "$station"
-    sed -i "s/\"HardWare\"=dword:[0-9a-f]*/\"HardWare\"=dword:0000000$model/" "$station/registry.reg"
-    LUMACFG_PROGRAM_DIR=$station/LUMAEXE LUMACFG_REGISTRY=$station/registry.reg \
-        LUMACFG_AUDIT_LOG=$station/audit.log LUMACFG_LOCK_DIR=$station LUMACFG_CLI=$build/lumacfg-cli \
-        xvfb-run -a -s "-screen 0 1280x1024x24" "$program" --screenshot "$repo/docs/screenshots/$file" "$@"
+    sed -i "s/\"HardWare\"=dword:[0-9a-f]*/\"HardWare\"=dword:0000000$1/" "$station/registry.reg"
+    export LUMACFG_PROGRAM_DIR=$station/LUMAEXE LUMACFG_REGISTRY=$station/registry.reg \
+        LUMACFG_AUDIT_LOG=$station/audit.log LUMACFG_LOCK_DIR=$station
+}
+
+# Draws the window on the station (with further arguments of the program: --click CONTROL).
+picture() {
+    local file=$1
+    shift
+    xvfb-run -a -s "-screen 0 1280x1024x24" "$program" --screenshot "$repo/docs/screenshots/$file" "$@"
     echo "docs/screenshots/$file"
 }
 
-picture 1 main-window.png
-picture 2 main-window-lan.png
-picture 2 miscellaneous.png --click Cd_Misc
-picture 2 file-selection.png --click Cd_Browse
-picture 2 wait-window.png --click Cd_Tlbar
+# The dialog that Setup... opens on a GPIB station after `lumacfg-cli set` with the arguments.
+setup() {
+    local file=$1
+    shift
+    station 1
+    "$cli" set "$@" >/dev/null
+    picture "$file" --click Cd_AutoSet
+}
+
+station 1 && picture main-window.png
+station 2 && picture main-window-lan.png
+station 2 && picture miscellaneous.png --click Cd_Misc
+station 2 && picture file-selection.png --click Cd_Browse
+station 2 && picture wait-window.png --click Cd_Tlbar
+setup asx500.png ALS_TYPE=1
+# OK refuses a rack that does not fit, so the misfit is put into the file's selection instead.
+station 1
+"$cli" set ALS_TYPE=1 >/dev/null
+"$cli" profile set "$LUMACFG_PROGRAM_DIR/custrack.ini" CURRENT RACK3_ID 1004
+picture asx500-misfit.png --click Cd_AutoSet
+setup vas.png ALS_TYPE=5 SAMPLE_DEPTH=40
+setup asx-klr8.png ALS_TYPE=6
+setup asx-asx100.png ALS_TYPE=2

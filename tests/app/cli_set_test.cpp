@@ -126,8 +126,10 @@ TEST_F(CliSetTest, ARefusedSetSaysWhyOnceAndWritesNothing) {
 
 TEST_F(CliSetTest, NamesTheWindowDoesNotEditAreUsageErrors) {
     const std::tuple<std::vector<std::string>, std::string> cases[] = {
-        {{"set", "COM_PORT=2"}, "COM_PORT belongs to the autosampler dialog; it cannot be set yet"},
         {{"set", "OPT_SC=2"}, "OPT_SC takes 0 or 1, not \"2\""},
+        {{"set", "ONEBOTTLE_DEPTH=400"}, "ONEBOTTLE_DEPTH follows SAMPLE_DEPTH"},
+        {{"set", "ESC_MODE=yes"}, "ESC_MODE takes 0 or 1, not \"yes\""},
+        {{"set", "TRAY_ID=-1"}, "TRAY_ID takes the place in the list"},
         {{"set", "DSS_LOAD=3"}, "DSS_LOAD is not edited in any window of the program"},
         {{"set", "als_type=1"}, "als_type is no field of the configuration"},
         {{"set", "SI_TYPE=pump"}, "SI_TYPE takes a whole number, not \"pump\""},

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/autosampler_fields.h"
 #include "app/cli/commands.h"
 #include "app/cli/held_changes.h"
 #include "app/cli/misc_fields.h"
@@ -66,16 +67,6 @@ constexpr std::array<MainField, 18> kMainFields = {{
     {"VLT_FOLDER", Form::Text},
 }};
 
-constexpr std::string_view kAutosamplerFields[] = {
-    "COM_PORT",     "RACK1_ID",  "RACK2_ID",        "RACK3_ID", "RACK4_ID",   "RACK5_ID",
-    "RACK6_ID",     "RACK7_ID",  "RACK8_ID",        "TRAY_ID",  "MAX_BOTTLE", "RINSE_DEPTH",
-    "SAMPLE_DEPTH", "STD_DEPTH", "ONEBOTTLE_DEPTH", "ESC_MODE"};
-
-template <std::size_t N>
-bool Among(std::string_view name, const std::string_view (&names)[N]) {
-    return std::find(std::begin(names), std::end(names), name) != std::end(names);
-}
-
 // The text as a whole integer: an optional sign and digits, nothing else.
 std::optional<long> WholeNumber(std::string_view text) {
     std::size_t digits = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
@@ -132,6 +123,16 @@ std::optional<std::string> FormProblem(const MainField& field, std::string_view 
 
 // The values given, by field, checked against the forms of the fields; nullopt (with the
 // reason on `err`) when a name is no field of the main window or a value has the wrong form.
+// Why a name that no window's control edits cannot be set.
+std::string_view WhyNoField(std::string_view name, const std::vector<RecordField>& fields) {
+    if (name == "ONEBOTTLE_DEPTH") return "follows SAMPLE_DEPTH (the V-AS dialog sets both)";
+    if (std::any_of(fields.begin(), fields.end(),
+                    [&](const RecordField& f) { return f.name == name; })) {
+        return "is not edited in any window of the program";
+    }
+    return "is no field of the configuration (the names are those `show` prints)";
+}
+
 std::optional<std::map<std::string_view, std::string>> ParseAssignments(
     const std::vector<std::string>& assignments, std::ostream& err) {
     ConfigRecord names;
@@ -145,41 +146,32 @@ std::optional<std::map<std::string_view, std::string>> ParseAssignments(
         }
         const std::string name = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
+        std::optional<std::string_view> key;
+        std::optional<std::string> problem;
         if (auto misc = MiscellaneousField(name)) {
-            if (values.contains(*misc)) {
-                err << "lumacfg-cli: " << name << " is given twice\n";
+            key = misc;
+            problem = MiscellaneousFormProblem(*misc, value);
+        } else if (IsAutosamplerField(name)) {
+            key = std::string_view(assignment).substr(0, equals);
+            problem = AutosamplerFormProblem(name, value);
+        } else {
+            auto field = std::find_if(kMainFields.begin(), kMainFields.end(),
+                                      [&](const MainField& f) { return f.name == name; });
+            if (field == kMainFields.end()) {
+                err << "lumacfg-cli: " << name << " " << WhyNoField(name, fields) << '\n';
                 return std::nullopt;
             }
-            if (auto problem = MiscellaneousFormProblem(*misc, value)) {
-                err << "lumacfg-cli: " << name << " " << *problem << ", not \"" << value << "\"\n";
-                return std::nullopt;
-            }
-            values.emplace(*misc, value);
-            continue;
+            key = field->name;
+            problem = FormProblem(*field, value);
         }
-        auto field = std::find_if(kMainFields.begin(), kMainFields.end(),
-                                  [&](const MainField& f) { return f.name == name; });
-        if (field == kMainFields.end()) {
-            err << "lumacfg-cli: " << name;
-            if (Among(name, kAutosamplerFields)) {
-                err << " belongs to the autosampler dialog; it cannot be set yet\n";
-            } else if (std::any_of(fields.begin(), fields.end(),
-                                   [&](const RecordField& f) { return f.name == name; })) {
-                err << " is not edited in any window of the program\n";
-            } else {
-                err << " is no field of the configuration (the names are those `show` prints)\n";
-            }
-            return std::nullopt;
-        }
-        if (values.contains(field->name)) {
-            err << "lumacfg-cli: " << name << " is given twice\n";
-            return std::nullopt;
-        }
-        if (auto problem = FormProblem(*field, value)) {
+        if (problem) {
             err << "lumacfg-cli: " << name << " " << *problem << ", not \"" << value << "\"\n";
             return std::nullopt;
         }
-        values.emplace(field->name, value);
+        if (!values.emplace(*key, value).second) {
+            err << "lumacfg-cli: " << name << " is given twice\n";
+            return std::nullopt;
+        }
     }
     return values;
 }
@@ -214,7 +206,8 @@ class WindowEditor {
         if (const std::string* path = given("_QCMDPATH$"); path && !given("_QCMDFILE$")) {
             if (int exit = QcMode(path, nullptr); exit != kExitOk) return exit;
         }
-        return kExitOk;
+        // The autosampler's Setup... dialog, once the autosampler is chosen.
+        return SetAutosamplerFields(window_, values, err_);
     }
 
   private:

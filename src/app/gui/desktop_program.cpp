@@ -9,6 +9,7 @@
 #include <QWidget>
 #include <iostream>
 
+#include "app/gui/autosampler_setup.h"
 #include "app/gui/main_window_reach.h"
 #include "config/config_record.h"
 #include "config/start_up.h"
@@ -54,24 +55,32 @@ bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
 
 namespace {
 
-// Clicks the window's button and saves a picture of the modal window it opens, once that is
-// laid out; then closes that window (one that ends by itself is left to end) and the main window.
-bool ScreenshotOfClick(ui::MainWindow& window, const QString& control, const QString& file) {
-    bool saved = false;
+// Clicks the window's button and, once the modal window it opens is shown (a dialog that runs
+// its own loop or one opened over the main window), saves a picture of it in `file`, then closes
+// it and the main window. A click that opens nothing within five seconds saves nothing.
+void PictureOfClick(ui::MainWindow& window, const QString& control, const QString& file,
+                    bool& saved) {
+    constexpr int kPollMs = 50;
+    constexpr int kPatienceMs = 5000;
+    saved = false;
     auto* poll = new QTimer(&window);
-    poll->setInterval(50);
-    QObject::connect(poll, &QTimer::timeout, &window, [&, poll] {
-        QWidget* opened = QApplication::activeModalWidget();
-        if (opened == nullptr || opened == &window || !opened->isVisible()) return;
-        poll->stop();
-        saved = opened->grab().save(file, "PNG");
-        opened->close();
-        window.close();
-    });
+    poll->setInterval(kPollMs);
+    QObject::connect(poll, &QTimer::timeout, &window,
+                     [&window, &saved, file, poll, waited = 0]() mutable {
+                         QWidget* opened = QApplication::activeModalWidget();
+                         if (opened == nullptr || opened == &window || !opened->isVisible()) {
+                             if ((waited += kPollMs) < kPatienceMs) return;
+                             opened = nullptr;
+                         }
+                         poll->stop();
+                         if (opened != nullptr) {
+                             saved = opened->grab().save(file, "PNG");
+                             opened->close();
+                         }
+                         window.close();
+                     });
     poll->start();
     window.Binder().Click(control);
-    window.close();
-    return saved;
 }
 
 }  // namespace
@@ -108,6 +117,7 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     ui::MainDialog dialog(Config());
     ui::MainWindow window(dialog);
     MainWindowReach reach(window, dialog);
+    ConnectAutosamplerSetup(window, dialog);
     QEventLoop loop;
     QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
     window.show();
@@ -116,8 +126,10 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     // Runs once the events of showing the window are handled: the window is laid out.
     QTimer::singleShot(0, &window, [&] {
         if (!options.click.isEmpty()) {
-            screenshotSaved = ScreenshotOfClick(window, options.click, options.screenshot);
-        } else if (!options.screenshot.isEmpty()) {
+            PictureOfClick(window, options.click, options.screenshot, screenshotSaved);
+            return;  // the main window is closed once the picture is taken
+        }
+        if (!options.screenshot.isEmpty()) {
             screenshotSaved = window.grab().save(options.screenshot, "PNG");
         } else if (options.quitAfterShown) {
             window.repaint();

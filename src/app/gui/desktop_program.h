@@ -35,7 +35,7 @@ struct DesktopOptions {
     // then closed as by its frame.
     QString screenshot;
     // With a screenshot: the button of the main window clicked first; the picture is then of
-    // the modal window it opens ("Cd_Misc", "Cd_Browse", "Cd_Tlbar").
+    // the modal window it opens ("Cd_Misc", "Cd_Browse", "Cd_Tlbar", "Cd_AutoSet").
     QString click;
     // The window is closed, as by its frame, once it is shown and painted.
     bool quitAfterShown = false;

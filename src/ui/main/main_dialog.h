@@ -79,6 +79,10 @@ class MainDialog final : public DialogModel {
     // The dialog that "Setup..." beside the autosampler opens; `currentTrayValid` is whether
     // "custrack.ini" has a valid current tray.
     AutosamplerSetup AutosamplerDialog(bool currentTrayValid) const;
+    // What that dialog reads of the window: the autosampler entry chosen, and whether the OPAL
+    // application list is in use (the port is then not offered).
+    const std::string& AutosamplerText() const { return ChosenText("Cb_Auto"); }
+    bool OpalApplicationsUsable() const { return Control("Cb_MPMApp").enabled; }
 
     // The type and autosampler codes last applied to the window.
     Int16 SiShown() const { return siShown_; }

@@ -22,6 +22,7 @@ namespace {
 
 constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
 constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
+constexpr const char* kOwnMnemonicProperty = "lumacfgOwnMnemonic";
 
 std::string ControlName(const QObject* object) {
     return object->objectName().toStdString();
@@ -43,6 +44,7 @@ QChar MnemonicOf(const QWidget* widget) {
 }
 
 QString Caption(const QWidget* widget, const ControlState& state) {
+    if (widget->property(kOwnMnemonicProperty).toBool()) return FromAnsi(state.text);
     return CaptionWithMnemonic(FromAnsi(state.text), MnemonicOf(widget));
 }
 
@@ -161,6 +163,10 @@ void ShowState(const Controls& controls, QWidget* root) {
 
 void SetMnemonic(QWidget* widget, QChar letter) {
     widget->setProperty(kMnemonicProperty, letter);
+}
+
+void KeepCaptionMnemonic(QWidget* widget) {
+    widget->setProperty(kOwnMnemonicProperty, true);
 }
 
 void KeepHidden(QWidget* widget) {

@@ -36,6 +36,10 @@ void ShowState(const Controls& controls, QWidget* root);
 // has no mnemonic). A label's mnemonic gives the focus to its buddy.
 void SetMnemonic(QWidget* widget, QChar letter);
 
+// A control whose caption marks its own mnemonic with "&" (a caption block written that way):
+// ShowState shows the caption as it stands.
+void KeepCaptionMnemonic(QWidget* widget);
+
 // A control the dialog holds but never shows (a list that only keeps file names): ShowState
 // never makes it visible.
 void KeepHidden(QWidget* widget);

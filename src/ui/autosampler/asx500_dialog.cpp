@@ -1,0 +1,236 @@
+#include "ui/autosampler/asx500_dialog.h"
+
+#include <utility>
+
+#include "base/numbers.h"
+#include "integration/help.h"
+#include "resources/string_table.h"
+
+namespace lumacfg::ui {
+namespace {
+
+constexpr int kPositions = static_cast<int>(kTrayPositions);
+constexpr int kStandardPositions = 4;
+
+constexpr int kMessageNoTray = 165;
+constexpr int kMessageNoRack = 166;
+constexpr int kMessageTooWide = 167;
+constexpr int kMessageTooLong = 169;
+
+// Positions of the caption block.
+enum Caption {
+    kTitle = 1,
+    kComPortLabel,
+    kTrayTypeLabel,
+    kConfigTray,
+    kRacksFrame,
+    kRackLabelPrefix,
+    kConfigRack,
+    kOk,
+    kCancel,
+    kHelp,
+};
+
+const char* const kStandardTrayNames[] = {"Standard 4/5", "Standard 4/10"};
+const char* const kStandardRackNames[] = {"21", "24", "40", "60", "90"};
+
+std::string RackList(int position) {
+    return Indexed("cmbRacks", position);
+}
+
+std::string RackLabel(int position) {
+    return Indexed("lblRacks", position);
+}
+
+int FitMessage(RackFit fit) {
+    switch (fit) {
+        case RackFit::Fits:
+            return 0;
+        case RackFit::NoRack:
+            return kMessageNoRack;
+        case RackFit::WrongKind:
+        case RackFit::TooWide:
+            return kMessageTooWide;
+        case RackFit::TooLong:
+            return kMessageTooLong;
+    }
+    return 0;
+}
+
+std::size_t Slot(std::int16_t id) {
+    return static_cast<std::size_t>(id - kFirstCustomId);
+}
+
+}  // namespace
+
+Asx500Dialog::Asx500Dialog(const ConfigRecord& record) : comPort_(record.COM_PORT) {
+    const std::vector<std::string> captions = LoadCaptionBlock(kCaptionsAsx500);
+    auto caption = [&](int position) {
+        const auto index = static_cast<std::size_t>(position - 1);
+        return index < captions.size() ? captions[index] : std::string();
+    };
+    controls_["dlgASX500"].text = caption(kTitle);
+    controls_["lblCOMPort"].text = caption(kComPortLabel);
+    controls_["lblTrayType"].text = caption(kTrayTypeLabel);
+    controls_["btnConfigTray"].text = caption(kConfigTray);
+    controls_["grpRacks"].text = caption(kRacksFrame);
+    for (int i = 0; i < kPositions; ++i) {
+        controls_[RackLabel(i)].text = caption(kRackLabelPrefix) + "&" + IntText(i + 1) + ":";
+    }
+    controls_["btnConfigRack"].text = caption(kConfigRack);
+    controls_["btnOK"].text = caption(kOk);
+    controls_["btnCancel"].text = caption(kCancel);
+    controls_["btnHelp"].text = caption(kHelp);
+
+    controls_.Fill("cmbCOMPort", ComPortEntries());
+    controls_.UserChoice("cmbCOMPort", record.COM_PORT - 1);
+
+    std::vector<std::string> trays(std::begin(kStandardTrayNames), std::end(kStandardTrayNames));
+    for (const CustomTrayDef& tray : RackTrays().CustomTrays) {
+        if (tray.id != kNoId && !tray.name.empty()) trays.push_back(tray.name);
+    }
+    controls_.Fill("cmbTrayType", std::move(trays));
+    const TraySelection& working = RackTrays().WorkingTray;
+    const std::string trayName = IsStandardTrayId(working.tray) ? kStandardTrayNames[working.tray]
+                                 : IsCustomId(working.tray)
+                                     ? RackTrays().CustomTrays[Slot(working.tray)].name
+                                     : std::string();
+    if (!trayName.empty()) controls_.ChooseText("cmbTrayType", trayName);
+
+    SetUpPositions(ChosenTray());
+    for (int i = 0; i < kPositions; ++i) {
+        if (PositionUsable(i)) PresetPosition(i, working.rack[static_cast<std::size_t>(i)], false);
+    }
+}
+
+std::int16_t Asx500Dialog::ChosenTray() const {
+    return TrayIdFromName(controls_.ChosenText("cmbTrayType"));
+}
+
+std::int16_t Asx500Dialog::PositionRack(int position) const {
+    return RackIdFromName(controls_.ChosenText(RackList(position)));
+}
+
+bool Asx500Dialog::PositionUsable(int position) const {
+    return controls_[RackList(position)].enabled;
+}
+
+// Which positions the tray offers, and the racks each offers.
+void Asx500Dialog::SetUpPositions(std::int16_t trayId) {
+    int usable = 0;
+    std::vector<std::string> racks;
+    if (IsStandardTrayId(trayId)) {
+        usable = kStandardPositions;
+        racks.assign(std::begin(kStandardRackNames), std::end(kStandardRackNames));
+    } else if (IsCustomId(trayId)) {
+        usable = RackTrays().CustomTrays[Slot(trayId)].rackXNum;
+        for (const CustomRackDef& rack : RackTrays().CustomRacks) {
+            if (rack.id != kNoId) racks.push_back(rack.name);
+        }
+    }
+    for (int i = 0; i < kPositions; ++i) {
+        const bool enabled = i < usable;
+        controls_.Fill(RackList(i), enabled ? racks : std::vector<std::string>{});
+        controls_[RackList(i)].enabled = enabled;
+        controls_[RackLabel(i)].enabled = enabled;
+    }
+}
+
+// Chooses the rack's name in the position's list; a rack that is not in it leaves nothing
+// chosen, or the first entry when `firstWhenNone`.
+void Asx500Dialog::PresetPosition(int position, std::int16_t rackId, bool firstWhenNone) {
+    const std::string name = RackNameFromId(rackId);
+    const std::string list = RackList(position);
+    if (name.empty() && firstWhenNone) {
+        controls_.UserChoice(list, 0);
+    } else {
+        controls_.ChooseText(list, name);
+    }
+}
+
+void Asx500Dialog::ChangeTray() {
+    const std::int16_t trayId = ChosenTray();
+    SetUpPositions(trayId);
+    TraySelection defaults;
+    SetDefaultTraySelection(defaults);
+    for (int i = 0; i < kPositions; ++i) {
+        if (!PositionUsable(i)) continue;
+        if (IsStandardTrayId(trayId)) {
+            PresetPosition(i, defaults.rack[static_cast<std::size_t>(i)], false);
+        } else {
+            const CustomTrayDef& tray = RackTrays().CustomTrays[Slot(trayId)];
+            PresetPosition(i, tray.defRack[static_cast<std::size_t>(i)], true);
+        }
+    }
+    if (PositionUsable(0)) focusRequest_ = RackList(0);
+}
+
+void Asx500Dialog::SetText(std::string_view control, std::string text) {
+    controls_[control].text = std::move(text);
+}
+
+void Asx500Dialog::Choose(std::string_view control, int index) {
+    if (!controls_.UserChoice(control, index)) return;
+    if (control == "cmbTrayType") ChangeTray();
+}
+
+void Asx500Dialog::Click(std::string_view control) {
+    if (control == "btnOK") {
+        Ok();
+    } else if (control == "btnCancel") {
+        end_ = DialogEnd::Cancelled;
+    } else if (control == "btnHelp") {
+        ShowAutosamplerHelp(kHelpTopicAsx500);
+    }
+}
+
+TrayPlan Asx500Dialog::Plan() const {
+    TrayPlan plan;
+    plan.trayId = ChosenTray();
+    plan.trayName = controls_.ChosenText("cmbTrayType");
+    if (IsCustomId(plan.trayId)) plan.custom = &RackTrays().CustomTrays[Slot(plan.trayId)];
+    for (int i = 0; i < kPositions && PositionUsable(i); ++i) {
+        TrayPosition position;
+        position.rackId = PositionRack(i);
+        position.rackName = controls_.ChosenText(RackList(i));
+        position.fit = FitOnTray(RackTrays(), plan.trayId, position.rackId);
+        if (const int message = FitMessage(position.fit)) position.reason = LoadResString(message);
+        if (IsCustomId(position.rackId))
+            position.custom = &RackTrays().CustomRacks[Slot(position.rackId)];
+        plan.positions.push_back(std::move(position));
+    }
+    return plan;
+}
+
+void Asx500Dialog::Ok() {
+    const TrayPlan plan = Plan();
+    if (plan.trayId == kNoId) return Refuse(kMessageNoTray, "cmbTrayType");
+    for (std::size_t i = 0; i < plan.positions.size(); ++i) {
+        const int message = FitMessage(plan.positions[i].fit);
+        if (message != 0) return Refuse(message, RackList(static_cast<int>(i)));
+    }
+    ResetTraySelection(chosen_);
+    chosen_.tray = plan.trayId;
+    for (std::size_t i = 0; i < plan.positions.size(); ++i) {
+        chosen_.rack[i] = plan.positions[i].rackId;
+    }
+    comPort_ = static_cast<Int16>(controls_["cmbCOMPort"].chosen + 1);
+    end_ = DialogEnd::Accepted;
+}
+
+void Asx500Dialog::Refuse(int message, std::string focus) {
+    ShowAutosamplerMessage(message);
+    focusRequest_ = std::move(focus);
+}
+
+void Asx500Dialog::Accept(ConfigRecord& record, TraySelection& working) const {
+    if (end_ != DialogEnd::Accepted) return;
+    record.COM_PORT = comPort_;
+    working = chosen_;
+}
+
+std::string Asx500Dialog::TakeFocusRequest() {
+    return std::exchange(focusRequest_, {});
+}
+
+}  // namespace lumacfg::ui

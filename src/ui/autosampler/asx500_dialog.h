@@ -1,0 +1,76 @@
+// The ASX500 tray and rack dialog "dlgASX500": the serial port, the tray fitted to the
+// autosampler (a standard tray or a custom tray of custrack.ini) and the rack at each of the
+// tray's positions. It reads the custom tables and the working selection (RackTrays()) and the
+// record's COM_PORT when it opens; OK checks every position and, when all pass, holds the new
+// selection and port for Accept. Cancel changes nothing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "config/config_record.h"
+#include "racks/custom_racks.h"
+#include "racks/rack_fit.h"
+#include "ui/autosampler/autosampler_controls.h"
+#include "ui/dialog/dialog_model.h"
+
+namespace lumacfg::ui {
+
+// One usable rack position as the dialog stands now: the rack chosen and OK's verdict on it.
+struct TrayPosition {
+    std::int16_t rackId = kNoId;
+    std::string rackName;
+    RackFit fit = RackFit::NoRack;
+    std::string reason;  // the message OK shows for this position; "" when the rack fits
+    const CustomRackDef* custom = nullptr;  // a custom rack's definition (its vial grid)
+};
+
+// The tray chosen and its usable positions, in order.
+struct TrayPlan {
+    std::int16_t trayId = kNoId;
+    std::string trayName;
+    const CustomTrayDef* custom = nullptr;  // a custom tray's geometry
+    std::vector<TrayPosition> positions;
+};
+
+class Asx500Dialog final : public DialogModel {
+  public:
+    explicit Asx500Dialog(const ConfigRecord& record);
+
+    const Controls& State() const override { return controls_.All(); }
+    void SetText(std::string_view control, std::string text) override;
+    // "btnOK", "btnCancel", "btnHelp"; "btnConfigTray" and "btnConfigRack" start nothing.
+    void Click(std::string_view control) override;
+    // "cmbCOMPort", "cmbTrayType", "cmbRacks(0)".."cmbRacks(8)".
+    void Choose(std::string_view control, int index) override;
+    DialogEnd End() const override { return end_; }
+
+    // After OK: the port and the selection into the record and the working selection.
+    void Accept(ConfigRecord& record, TraySelection& working) const;
+
+    // The tray and each usable position's rack with its verdict, as OK would judge them now.
+    TrayPlan Plan() const;
+
+    // The control that a refusal sent the focus to, once; "" when none.
+    std::string TakeFocusRequest();
+
+  private:
+    std::int16_t ChosenTray() const;
+    std::int16_t PositionRack(int position) const;
+    bool PositionUsable(int position) const;
+    void SetUpPositions(std::int16_t trayId);
+    void PresetPosition(int position, std::int16_t rackId, bool firstWhenNone);
+    void ChangeTray();
+    void Ok();
+    void Refuse(int message, std::string focus);
+
+    ControlTable controls_;
+    DialogEnd end_ = DialogEnd::Open;
+    std::string focusRequest_;
+    Int16 comPort_ = 1;
+    TraySelection chosen_;
+};
+
+}  // namespace lumacfg::ui

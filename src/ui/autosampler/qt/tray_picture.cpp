@@ -1,0 +1,192 @@
+#include "ui/autosampler/qt/tray_picture.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+#include "ui/dialog/qt/ansi_text.h"
+
+namespace lumacfg::ui {
+namespace {
+
+// A standard tray's positions, in the same units as a custom tray's, only to lay them out.
+constexpr double kStandardPitchX = 1000;
+constexpr double kStandardPitchY = 2000;
+
+const QColor kRefused(200, 30, 30);
+
+struct Position {
+    QRectF place;  // the tray's room for a rack
+    QRectF rack;   // the rack chosen, as large as it is; empty for none or a standard rack
+};
+
+// Where each position and its rack stand on the tray, in the tray's units.
+std::vector<Position> Layout(const TrayPlan& plan) {
+    std::vector<Position> layout;
+    for (std::size_t i = 0; i < plan.positions.size(); ++i) {
+        const TrayPosition& position = plan.positions[i];
+        Position shown;
+        if (plan.custom != nullptr) {
+            const CustomTrayDef& tray = *plan.custom;
+            shown.place = QRectF(tray.rackXOrg + static_cast<double>(i) * tray.rackXDist,
+                                 tray.rackYOrg, tray.rackXDist, tray.rackYDist);
+        } else {
+            shown.place = QRectF(static_cast<double>(i) * kStandardPitchX, 0, kStandardPitchX,
+                                 kStandardPitchY);
+        }
+        if (position.custom != nullptr) {
+            shown.rack = QRectF(shown.place.topLeft(),
+                                QSizeF(RackWidth(*position.custom), RackLength(*position.custom)));
+        }
+        layout.push_back(shown);
+    }
+    return layout;
+}
+
+std::vector<QPointF> Bottles(const TrayPlan& plan) {
+    std::vector<QPointF> bottles;
+    if (plan.custom == nullptr) return bottles;
+    const CustomTrayDef& tray = *plan.custom;
+    for (int k = 0; k < tray.bottleXNum; ++k)
+        bottles.emplace_back(tray.bottleXOrg + k * tray.bottleXDist, tray.bottleYOrg);
+    return bottles;
+}
+
+double BottleRadius(const TrayPlan& plan) {
+    const double pitch = plan.custom != nullptr ? plan.custom->bottleXDist : 0;
+    return std::max(pitch * 0.35, 40.0);
+}
+
+QString Shown(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return FromAnsi(text);
+}
+
+}  // namespace
+
+TrayPicture::TrayPicture(QWidget* parent) : QWidget(parent) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize TrayPicture::sizeHint() const {
+    return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 18};
+}
+
+QSize TrayPicture::minimumSizeHint() const {
+    return {fontMetrics().averageCharWidth() * 30, fontMetrics().height() * 10};
+}
+
+void TrayPicture::Show(TrayPlan plan) {
+    plan_ = std::move(plan);
+    update();
+}
+
+void TrayPicture::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QFontMetrics metrics = fontMetrics();
+    const int line = metrics.height();
+    QRectF room = rect().adjusted(4, 4, -4, -4);
+
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(room.adjusted(0, 0, 0, -room.height() + line), Qt::AlignLeft,
+                     FromAnsi(plan_.trayName));
+    room.setTop(room.top() + line + 4);
+
+    // The reasons of the refused positions, under the tray.
+    QStringList reasons;
+    for (std::size_t i = 0; i < plan_.positions.size(); ++i) {
+        if (!plan_.positions[i].reason.empty())
+            reasons << QStringLiteral("%1: %2").arg(i + 1).arg(Shown(plan_.positions[i].reason));
+    }
+    const QString reasonText = reasons.join(u'\n');
+    const int reasonHeight = reasons.isEmpty()
+                                 ? 0
+                                 : metrics
+                                       .boundingRect(QRect(0, 0, static_cast<int>(room.width()), 0),
+                                                     Qt::TextWordWrap, reasonText)
+                                       .height();
+    painter.setPen(kRefused);
+    painter.drawText(room.adjusted(0, room.height() - reasonHeight, 0, 0),
+                     Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, reasonText);
+    room.setBottom(room.bottom() - reasonHeight - 4);
+    if (plan_.positions.empty() || room.height() <= line) return;
+
+    // The tray's outline holds every position, every rack and the bottle row.
+    const std::vector<Position> layout = Layout(plan_);
+    const std::vector<QPointF> bottles = Bottles(plan_);
+    const double bottleRadius = BottleRadius(plan_);
+    QRectF tray;
+    for (const Position& p : layout) tray = tray.united(p.place).united(p.rack);
+    for (const QPointF& b : bottles)
+        tray = tray.united(
+            QRectF(b, b).adjusted(-bottleRadius, -bottleRadius, bottleRadius, bottleRadius));
+    const double margin = std::max(tray.width(), tray.height()) * 0.04;
+    tray.adjust(-margin, -margin, margin, margin);
+    const double scale = std::min(room.width() / tray.width(), room.height() / tray.height());
+    painter.translate(room.left() + (room.width() - tray.width() * scale) / 2,
+                      room.top() + (room.height() - tray.height() * scale) / 2);
+    painter.scale(scale, scale);
+    painter.translate(-tray.topLeft());
+    auto hairline = [&](const QColor& color, Qt::PenStyle style = Qt::SolidLine) {
+        QPen pen(color, 1.5 / scale, style);
+        return pen;
+    };
+
+    painter.setPen(hairline(palette().color(QPalette::Dark)));
+    painter.setBrush(palette().color(QPalette::Midlight));
+    painter.drawRoundedRect(tray, margin, margin);
+    painter.setBrush(palette().color(QPalette::Base));
+    for (const QPointF& b : bottles) painter.drawEllipse(b, bottleRadius, bottleRadius);
+
+    QFont label = font();
+    label.setPointSizeF(label.pointSizeF() / scale);
+    painter.setFont(label);
+    for (std::size_t i = 0; i < layout.size(); ++i) {
+        const TrayPosition& position = plan_.positions[i];
+        const Position& p = layout[i];
+        const bool refused = position.fit != RackFit::Fits;
+        const QColor ink = refused ? kRefused : palette().color(QPalette::Text);
+        painter.setPen(hairline(palette().color(QPalette::Dark), Qt::DashLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(p.place);
+        const QRectF rack = p.rack.isEmpty() ? p.place : p.rack;
+        QColor fill = refused ? kRefused : palette().color(QPalette::Base);
+        fill.setAlpha(refused ? 60 : 255);
+        painter.setPen(hairline(ink));
+        painter.setBrush(fill);
+        if (position.rackId != kNoId) painter.drawRect(rack);
+        if (position.custom != nullptr) {
+            const CustomRackDef& r = *position.custom;
+            const double pitch = std::min(r.vialXDist > 0 ? r.vialXDist : r.vialXOrg,
+                                          r.vialYDist > 0 ? r.vialYDist : r.vialYOrg);
+            const double radius = std::max(pitch * 0.4, 1.0);
+            painter.setBrush(Qt::NoBrush);
+            for (int row = 0; row < r.vialYNum; ++row) {
+                for (int column = 0; column < r.vialXNum; ++column) {
+                    painter.drawEllipse(QPointF(rack.left() + r.vialXOrg + column * r.vialXDist,
+                                                rack.top() + r.vialYOrg + row * r.vialYDist),
+                                        radius, radius);
+                }
+            }
+        } else if (position.rackId != kNoId) {
+            // A standard rack has no vial grid in the file: its number stands for it.
+            QFont number = label;
+            number.setPointSizeF(label.pointSizeF() * 3);
+            painter.setFont(number);
+            painter.setPen(ink);
+            painter.drawText(rack, Qt::AlignCenter, FromAnsi(position.rackName));
+            painter.setFont(label);
+        }
+        // The position's number and its rack, over the position.
+        const QString caption =
+            QStringLiteral("%1 %2").arg(i + 1).arg(FromAnsi(position.rackName)).trimmed();
+        const QRectF text = p.place.adjusted(0, -label.pointSizeF() * 2.2, 0, 0);
+        painter.setPen(ink);
+        painter.drawText(QRectF(text.topLeft(), QSizeF(p.place.width(), label.pointSizeF() * 2)),
+                         Qt::AlignHCenter | Qt::AlignBottom, caption);
+    }
+}
+
+}  // namespace lumacfg::ui
