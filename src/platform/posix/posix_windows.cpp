@@ -51,6 +51,7 @@ class NoWindows final : public WindowService {
     F(XGetWindowProperty)         \
     F(XInternAtom)                \
     F(XMoveResizeWindow)          \
+    F(XMoveWindow)                \
     F(XOpenDisplay)               \
     F(XQueryTree)                 \
     F(XRaiseWindow)               \
@@ -210,8 +211,18 @@ class X11Windows final : public WindowService {
         int x = ClampCoordinate(rect.left), y = ClampCoordinate(rect.top);
         unsigned width = ClampSize(std::int64_t{rect.right} - rect.left);
         unsigned height = ClampSize(std::int64_t{rect.bottom} - rect.top);
-        if (IsTopLevel(window)) AskForPosition(window, x, y, width, height);
-        g_xlib.XMoveResizeWindow(display_, window, x, y, width, height);
+        // A rectangle of the window's own size moves it only: the program that owns the window
+        // may be resizing it at this moment, and a size read a moment ago must not undo that.
+        XWindowAttributes now;
+        const bool sameSize = g_xlib.XGetWindowAttributes(display_, window, &now) &&
+                              static_cast<unsigned>(now.width) == width &&
+                              static_cast<unsigned>(now.height) == height;
+        if (IsTopLevel(window)) AskForPosition(window, x, y, sameSize ? 0 : width, height);
+        if (sameSize) {
+            g_xlib.XMoveWindow(display_, window, x, y);
+        } else {
+            g_xlib.XMoveResizeWindow(display_, window, x, y, width, height);
+        }
         g_xlib.XSync(display_, False);
     }
 
@@ -387,16 +398,20 @@ class X11Windows final : public WindowService {
     }
 
     // A window manager places a new window where it likes unless the program asks for a place.
+    // Tells the window manager where the window goes (and its size, unless `width` is 0).
     void AskForPosition(Window window, int x, int y, unsigned width, unsigned height) {
         XSizeHints* hints = g_xlib.XAllocSizeHints();
         if (hints == nullptr) return;
         long supplied = 0;
         g_xlib.XGetWMNormalHints(display_, window, hints, &supplied);
-        hints->flags |= USPosition | USSize;
+        hints->flags |= USPosition;
         hints->x = x;
         hints->y = y;
-        hints->width = static_cast<int>(width);
-        hints->height = static_cast<int>(height);
+        if (width != 0) {
+            hints->flags |= USSize;
+            hints->width = static_cast<int>(width);
+            hints->height = static_cast<int>(height);
+        }
         g_xlib.XSetWMNormalHints(display_, window, hints);
         g_xlib.XFree(hints);
     }

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "integration/dialog_placement.h"
+
 namespace lumacfg::ui {
 
 // One control as the user sees it. Texts are Windows-1252 bytes, as everywhere in the core.
@@ -76,6 +78,9 @@ class DialogModel {
     virtual void LeaveBox(std::string_view control) { (void)control; }
     // Whether the last action ended the dialog.
     virtual DialogEnd End() const = 0;
+    // The dialog's window became active (shown, or brought back): placed as every dialog of the
+    // data system is each time, at the top of the z-order, centred on the desktop's work area.
+    virtual void Activated(platform::WindowHandle window) { PlaceDialog(kPlaceAtTop, window, 0); }
 };
 
 }  // namespace lumacfg::ui

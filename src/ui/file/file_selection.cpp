@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/path_utils.h"
 #include "base/text.h"
+#include "integration/dialog_placement.h"
 #include "platform/file_system.h"
 
 namespace lumacfg::ui {
@@ -30,6 +31,10 @@ std::string SystemDirectory(const std::string& chosen, const std::string& initia
 }
 
 }  // namespace
+
+void FileSelectionActivated(platform::WindowHandle window) {
+    PlaceDialog(0, window, 0);
+}
 
 std::string NormalisePattern(std::string_view pattern) {
     for (std::string_view any : {"", ".*", "*.", "*.*", "*"}) {

@@ -38,6 +38,10 @@ class FileChooser {
 // The text buffers of the request hold at most this many characters before their NUL.
 inline constexpr std::size_t kFileBufferCharacters = 259;
 
+// The file selection's window became active: placed above every other window (topmost),
+// centred on the desktop's work area, each time.
+void FileSelectionActivated(platform::WindowHandle window);
+
 // Result codes of the entry points.
 inline constexpr std::int16_t kFileChosen = 1;
 inline constexpr std::int16_t kFileCancelled = 2;

@@ -177,6 +177,7 @@ void KeepHidden(QWidget* widget) {
 DialogBinder::DialogBinder(DialogModel& model, QWidget* root)
     : QObject(root), model_(model), root_(root), widgets_(NamedWidgets(root)) {
     for (QWidget* widget : std::as_const(widgets_)) Bind(widget);
+    root_->installEventFilter(this);
     Refresh();
 }
 
@@ -239,6 +240,14 @@ void DialogBinder::AfterAction() {
 }
 
 bool DialogBinder::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == root_ && event->type() == QEvent::WindowActivate) {
+        // Placed once the event is handled and the window system knows the window's size: a
+        // window is activated as it is first mapped, its last resize still on its way.
+        QMetaObject::invokeMethod(
+            this, [this] { model_.Activated(static_cast<platform::WindowHandle>(root_->winId())); },
+            Qt::QueuedConnection);
+        return false;
+    }
     auto* box = qobject_cast<QLineEdit*>(watched);
     if (box == nullptr || box == delivering_) return false;
     switch (event->type()) {

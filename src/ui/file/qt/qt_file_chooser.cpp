@@ -1,5 +1,6 @@
 #include "ui/file/qt/qt_file_chooser.h"
 
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <memory>
@@ -8,6 +9,21 @@
 
 namespace lumacfg::ui {
 namespace {
+
+// Places the file dialog each time it becomes active.
+class PlaceWhenActivated final : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::WindowActivate) {
+            FileSelectionActivated(
+                static_cast<platform::WindowHandle>(static_cast<QWidget*>(watched)->winId()));
+        }
+        return false;
+    }
+};
 
 QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
     auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
@@ -24,6 +40,7 @@ QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest&
     }
     dialog->setNameFilter(FromAnsi(request.pattern));
     if (!request.fileName.empty()) dialog->selectFile(FromAnsi(request.fileName));
+    dialog->installEventFilter(new PlaceWhenActivated(dialog));
     return dialog;
 }
 

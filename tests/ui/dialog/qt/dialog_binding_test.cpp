@@ -50,12 +50,17 @@ class RecordingModel final : public DialogModel {
         if (controls[std::string(control)].text == "7") controls[std::string(control)].text = "007";
     }
     DialogEnd End() const override { return end; }
+    void Activated(platform::WindowHandle window) override {
+        calls.push_back("Activated");
+        activatedWindow = window;
+    }
 
     Controls controls;
     std::vector<std::string> calls;
     std::vector<KeyPress::Kind> keys;
     std::vector<BoxCaret> carets;
     KeyAnswer answer;  // to the key "3" in the first box
+    platform::WindowHandle activatedWindow = 0;
     DialogEnd end = DialogEnd::Open;
 };
 
@@ -139,6 +144,7 @@ TEST_F(DialogBindingTest, UserActionsReachTheModelABoxIsLeftBeforeAClick) {
     DialogBinder binder(model_, root_.get());
     QSignalSpy ended(&binder, &DialogBinder::Ended);
     ShowActive();
+    QCoreApplication::processEvents();  // the placement follows the activation
     box0_->setFocus();
     QTest::keyClick(box0_, '4');
     QTest::sendKeyEvent(QTest::Click, box0_, Qt::Key_Eacute, QString::fromUtf8("é"), {});
@@ -148,9 +154,10 @@ TEST_F(DialogBindingTest, UserActionsReachTheModelABoxIsLeftBeforeAClick) {
     QTest::keyClick(box1_, '7');
     binder.Click("Cd_Go");  // as Enter or a mnemonic clicks: the focus still in the box
 
-    EXPECT_THAT(model_.calls, ElementsAre("SetText Ed_A(0)=4", "SetText Ed_A(0)=4\xE9",
+    EXPECT_THAT(model_.calls, ElementsAre("Activated", "SetText Ed_A(0)=4", "SetText Ed_A(0)=4\xE9",
                                           "Leave Ed_A(0)", "Click Ck_X", "Choose Cb_L 1",
                                           "SetText Ed_A(1)=7", "Leave Ed_A(1)", "Click Cd_Go"));
+    EXPECT_EQ(model_.activatedWindow, root_->winId());  // placed as it became active
     EXPECT_EQ(box1_->text(), "007");
     EXPECT_TRUE(check_->isChecked());
     ASSERT_EQ(ended.count(), 1);
