@@ -16,17 +16,6 @@ AutosamplerWindow::AutosamplerWindow(DialogModel& model, const char* name, const
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
-QWidget* AutosamplerWindow::ListRow(QGridLayout* grid, int row, QWidget* parent,
-                                    const QString& label, const QString& list, QChar mnemonic) {
-    auto* caption = Make<QLabel>(parent, label, mnemonic);
-    auto* entries = Make<QComboBox>(parent, list);
-    entries->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    caption->setBuddy(entries);
-    grid->addWidget(caption, row, 0);
-    grid->addWidget(entries, row, 1);
-    return entries;
-}
-
 QBoxLayout* AutosamplerWindow::ButtonRow(
     std::initializer_list<std::pair<const char*, QChar>> buttons) {
     auto* row = new QHBoxLayout;

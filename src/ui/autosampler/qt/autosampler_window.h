@@ -10,6 +10,7 @@
 
 #include "ui/dialog/dialog_model.h"
 #include "ui/dialog/qt/dialog_binding.h"
+#include "ui/dialog/qt/dialog_widgets.h"
 
 class QBoxLayout;
 class QGridLayout;
@@ -28,17 +29,6 @@ class AutosamplerWindow : public QDialog {
     AutosamplerWindow(DialogModel& model, const char* name, const char* ok, const char* cancel,
                       QWidget* parent);
 
-    // A widget named as its control; `mnemonic` is the letter its caption marks.
-    template <class Widget>
-    Widget* Make(QWidget* parent, const QString& name, QChar mnemonic = {}) {
-        auto* widget = new Widget(parent);
-        widget->setObjectName(name);
-        if (!mnemonic.isNull()) SetMnemonic(widget, mnemonic);
-        return widget;
-    }
-    // A label and a drop-down list on one row of `grid`; returns the list.
-    QWidget* ListRow(QGridLayout* grid, int row, QWidget* parent, const QString& label,
-                     const QString& list, QChar mnemonic = {});
     // The row of buttons at the bottom, right-aligned in the order given.
     QBoxLayout* ButtonRow(std::initializer_list<std::pair<const char*, QChar>> buttons);
 

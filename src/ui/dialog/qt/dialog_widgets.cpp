@@ -9,6 +9,17 @@
 
 namespace lumacfg::ui {
 
+QComboBox* ListRow(QGridLayout* grid, int row, QWidget* parent, const QString& label,
+                   const QString& list, QChar mnemonic) {
+    auto* caption = Make<QLabel>(parent, label, mnemonic);
+    auto* entries = Make<QComboBox>(parent, list);
+    entries->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    caption->setBuddy(entries);
+    grid->addWidget(caption, row, 0);
+    grid->addWidget(entries, row, 1);
+    return entries;
+}
+
 NarrowBox::NarrowBox(int characters, QWidget* parent)
     : QLineEdit(parent), characters_(characters) {}
 

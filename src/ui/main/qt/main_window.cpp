@@ -31,19 +31,6 @@ QString Indexed(const char* control, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(control)).arg(index);
 }
 
-template <class Widget, class... Args>
-Widget* Make(QWidget* parent, const QString& name, QChar mnemonic, Args&&... args) {
-    auto* widget = new Widget(std::forward<Args>(args)..., parent);
-    widget->setObjectName(name);
-    if (!mnemonic.isNull()) SetMnemonic(widget, mnemonic);
-    return widget;
-}
-
-template <class Widget, class... Args>
-Widget* Make(QWidget* parent, const char* name, QChar mnemonic = {}, Args&&... args) {
-    return Make<Widget>(parent, QLatin1String(name), mnemonic, std::forward<Args>(args)...);
-}
-
 QGroupBox* Frame(QWidget* parent, const char* name, QChar mnemonic = {}) {
     return Make<QGroupBox>(parent, name, mnemonic);
 }
@@ -157,13 +144,8 @@ QGroupBox* MainWindow::BuildIntroduction() {
     QGroupBox* frame = Frame(this, "Gb_Intro");
     auto* grid = new QGridLayout(frame);
     auto addList = [&](int row, const char* labelName, QChar mnemonic, const char* listName) {
-        auto* label = Make<QLabel>(frame, labelName, mnemonic);
-        auto* list = Make<QComboBox>(frame, listName);
-        list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-        label->setBuddy(list);
-        grid->addWidget(label, row, 0);
-        grid->addWidget(list, row, 1);
-        return list;
+        return ListRow(grid, row, frame, QLatin1String(labelName), QLatin1String(listName),
+                       mnemonic);
     };
     addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type");
     grid->addWidget(Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('e')), 0, 2);

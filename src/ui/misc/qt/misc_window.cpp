@@ -18,14 +18,6 @@
 namespace lumacfg::ui {
 namespace {
 
-template <class Widget>
-Widget* Make(QWidget* parent, const char* name, QChar mnemonic = {}) {
-    auto* widget = new Widget(parent);
-    widget->setObjectName(QLatin1String(name));
-    if (!mnemonic.isNull()) SetMnemonic(widget, mnemonic);
-    return widget;
-}
-
 // A frame whose controls stand one under the other.
 QGroupBox* Column(QWidget* parent, const char* name, std::initializer_list<QWidget*> controls) {
     auto* frame = Make<QGroupBox>(parent, name);
