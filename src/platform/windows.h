@@ -34,7 +34,8 @@ class WindowService {
     // The desktop window, owner of windows that must outlive the dialog that opened them;
     // 0 where the platform has none.
     virtual WindowHandle Desktop() { return 0; }
-    // The window's normal (restored) rectangle.
+    // The window's normal (restored) rectangle. Setting it places the window there; a backend
+    // whose windows may be resized by their own program meanwhile (X11) moves the window only.
     virtual Rect NormalRect(WindowHandle window) = 0;
     virtual void SetNormalRect(WindowHandle window, const Rect& rect) = 0;
 };

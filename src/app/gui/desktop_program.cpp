@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QFileInfo>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <iostream>
@@ -55,9 +56,10 @@ bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
 
 namespace {
 
-// Clicks the window's button and, once the modal window it opens is shown (a dialog that runs
-// its own loop or one opened over the main window), saves a picture of it in `file`, then closes
-// it and the main window. A click that opens nothing within five seconds saves nothing.
+// Clicks the window's button and, once the modal window it opens has been shown for one poll
+// (placed and laid out at its final size; a dialog that runs its own loop or one opened over
+// the main window), saves a picture of it in `file`, then closes it and the main window. A
+// click that opens nothing within five seconds saves nothing.
 void PictureOfClick(ui::MainWindow& window, const QString& control, const QString& file,
                     bool& saved) {
     constexpr int kPollMs = 50;
@@ -65,20 +67,23 @@ void PictureOfClick(ui::MainWindow& window, const QString& control, const QStrin
     saved = false;
     auto* poll = new QTimer(&window);
     poll->setInterval(kPollMs);
-    QObject::connect(poll, &QTimer::timeout, &window,
-                     [&window, &saved, file, poll, waited = 0]() mutable {
-                         QWidget* opened = QApplication::activeModalWidget();
-                         if (opened == nullptr || opened == &window || !opened->isVisible()) {
-                             if ((waited += kPollMs) < kPatienceMs) return;
-                             opened = nullptr;
-                         }
-                         poll->stop();
-                         if (opened != nullptr) {
-                             saved = opened->grab().save(file, "PNG");
-                             opened->close();
-                         }
-                         window.close();
-                     });
+    QObject::connect(
+        poll, &QTimer::timeout, &window,
+        [&window, &saved, file, poll, waited = 0, shown = QPointer<QWidget>()]() mutable {
+            QWidget* opened = QApplication::activeModalWidget();
+            const bool open = opened != nullptr && opened != &window && opened->isVisible();
+            if (open && opened != shown) {
+                shown = opened;  // taken at the next poll
+                return;
+            }
+            if (!open && (waited += kPollMs) < kPatienceMs) return;
+            poll->stop();
+            if (open) {
+                saved = opened->grab().save(file, "PNG");
+                opened->close();
+            }
+            window.close();
+        });
     poll->start();
     window.Binder().Click(control);
 }

@@ -50,7 +50,6 @@ class NoWindows final : public WindowService {
     F(XGetWindowAttributes)       \
     F(XGetWindowProperty)         \
     F(XInternAtom)                \
-    F(XMoveResizeWindow)          \
     F(XMoveWindow)                \
     F(XOpenDisplay)               \
     F(XQueryTree)                 \
@@ -112,12 +111,9 @@ struct XFreeDeleter {
     }
 };
 
-// X coordinates and sizes travel as 16-bit numbers.
+// X coordinates travel as 16-bit numbers.
 int ClampCoordinate(std::int64_t value) {
     return static_cast<int>(std::clamp<std::int64_t>(value, -32768, 32767));
-}
-unsigned ClampSize(std::int64_t value) {
-    return static_cast<unsigned>(std::clamp<std::int64_t>(value, 1, 65535));
 }
 
 class X11Windows final : public WindowService {
@@ -206,23 +202,15 @@ class X11Windows final : public WindowService {
         return RectOf(x, y, attributes.width, attributes.height);
     }
 
+    // Moves the window to the rectangle's top-left corner; the window keeps the size it has on
+    // the server now. Placement only ever centres a window at its own size, and the program
+    // that owns the window may be resizing it at this moment: a size read a moment ago must not
+    // undo that.
     void SetNormalRect(WindowHandle window, const Rect& rect) override {
         if (window == 0) return;
-        int x = ClampCoordinate(rect.left), y = ClampCoordinate(rect.top);
-        unsigned width = ClampSize(std::int64_t{rect.right} - rect.left);
-        unsigned height = ClampSize(std::int64_t{rect.bottom} - rect.top);
-        // A rectangle of the window's own size moves it only: the program that owns the window
-        // may be resizing it at this moment, and a size read a moment ago must not undo that.
-        XWindowAttributes now;
-        const bool sameSize = g_xlib.XGetWindowAttributes(display_, window, &now) &&
-                              static_cast<unsigned>(now.width) == width &&
-                              static_cast<unsigned>(now.height) == height;
-        if (IsTopLevel(window)) AskForPosition(window, x, y, sameSize ? 0 : width, height);
-        if (sameSize) {
-            g_xlib.XMoveWindow(display_, window, x, y);
-        } else {
-            g_xlib.XMoveResizeWindow(display_, window, x, y, width, height);
-        }
+        const int x = ClampCoordinate(rect.left), y = ClampCoordinate(rect.top);
+        if (IsTopLevel(window)) AskForPosition(window, x, y);
+        g_xlib.XMoveWindow(display_, window, x, y);
         g_xlib.XSync(display_, False);
     }
 
@@ -398,8 +386,8 @@ class X11Windows final : public WindowService {
     }
 
     // A window manager places a new window where it likes unless the program asks for a place.
-    // Tells the window manager where the window goes (and its size, unless `width` is 0).
-    void AskForPosition(Window window, int x, int y, unsigned width, unsigned height) {
+    // Tells the window manager where the window goes.
+    void AskForPosition(Window window, int x, int y) {
         XSizeHints* hints = g_xlib.XAllocSizeHints();
         if (hints == nullptr) return;
         long supplied = 0;
@@ -407,11 +395,6 @@ class X11Windows final : public WindowService {
         hints->flags |= USPosition;
         hints->x = x;
         hints->y = y;
-        if (width != 0) {
-            hints->flags |= USSize;
-            hints->width = static_cast<int>(width);
-            hints->height = static_cast<int>(height);
-        }
         g_xlib.XSetWMNormalHints(display_, window, hints);
         g_xlib.XFree(hints);
     }
