@@ -37,13 +37,7 @@ class CliAutosamplerTest : public support::TempStation {
     std::filesystem::path Custrack() const { return ProgramDir() / "custrack.ini"; }
     CliResult Run(const std::vector<std::string>& args) { return support::RunCli(args, root_); }
 
-    std::string Shown(const std::string& name) {
-        const std::string out = "\n" + Run({"show"}).out;
-        const std::size_t at = out.find("\n" + name + "=");
-        if (at == std::string::npos) return "(missing)";
-        const std::size_t start = at + name.size() + 2;
-        return out.substr(start, out.find('\n', start) - start);
-    }
+    std::string Shown(const std::string& name) { return support::ShownValue(name, root_); }
 };
 
 TEST_F(CliAutosamplerTest, TheVasAndTheLegacyFieldsAreStoredAsTheirDialogsOkStoresThem) {

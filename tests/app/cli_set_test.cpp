@@ -49,13 +49,7 @@ class CliSetTest : public support::TempStation {
     }
 
     // The value of NAME as `show` prints it.
-    std::string Shown(const std::string& name) {
-        const CliResult shown = Run({"show"});
-        const std::size_t at = ("\n" + shown.out).find("\n" + name + "=");
-        if (at == std::string::npos) return "(missing)";
-        const std::size_t start = at + name.size() + 1;
-        return shown.out.substr(start, shown.out.find('\n', start) - start);
-    }
+    std::string Shown(const std::string& name) { return support::ShownValue(name, root_); }
 
     static std::size_t Count(const std::string& text, const std::string& part) {
         std::size_t count = 0;

@@ -47,4 +47,14 @@ inline CliResult RunCli(const std::vector<std::string>& args,
     return RunProgram(LUMACFG_CLI_PATH, args, scratch);
 }
 
+// The value of `name` as `lumacfg-cli show` prints it for the station the environment names;
+// "(missing)" when show prints no such line.
+inline std::string ShownValue(const std::string& name, const std::filesystem::path& scratch) {
+    const std::string out = "\n" + RunCli({"show"}, scratch).out;
+    const std::size_t at = out.find("\n" + name + "=");
+    if (at == std::string::npos) return "(missing)";
+    const std::size_t start = at + name.size() + 2;
+    return out.substr(start, out.find('\n', start) - start);
+}
+
 }  // namespace lumacfg::support
