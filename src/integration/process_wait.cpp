@@ -8,7 +8,16 @@ namespace lumacfg {
 
 bool ProcessWait::Tick() {
     if (!ended_ && !platform::Processes().IsRunning(id_)) ended_ = true;
+    if (!ended_ && raisePending_) RaiseItsWindow();
     return !ended_;
+}
+
+void ProcessWait::RaiseItsWindow() {
+    platform::WindowService& windows = platform::Windows();
+    if (const platform::WindowHandle window = windows.FindTopLevelOfProcess(id_)) {
+        windows.SetZOrder(window, platform::ZOrder::Top);
+        raisePending_ = false;
+    }
 }
 
 void SleepFor(std::chrono::milliseconds interval) {

@@ -13,14 +13,20 @@ class ProcessWait {
   public:
     static constexpr std::chrono::milliseconds kInterval{300};
 
-    explicit ProcessWait(platform::ProcessId id) : id_(id) {}
+    // `raiseItsWindow`: the program's window is brought to the front at the first tick that
+    // finds it (a program started as a normal window shows it a moment after it starts).
+    explicit ProcessWait(platform::ProcessId id, bool raiseItsWindow = false)
+        : id_(id), raisePending_(raiseItsWindow) {}
 
     // One timer tick: true to keep waiting, false once the process has ended or cannot be
     // asked about. An ended wait stays ended.
     bool Tick();
 
   private:
+    void RaiseItsWindow();
+
     platform::ProcessId id_;
+    bool raisePending_;
     bool ended_ = false;
 };
 

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/processes.h"
+
 namespace lumacfg::platform {
 
 using WindowHandle = std::uintptr_t;  // 0 = none
@@ -25,6 +27,12 @@ class WindowService {
     virtual WindowHandle FindTopLevel(std::string_view className,
                                       std::optional<std::string_view> caption) = 0;
     virtual std::string ClassName(WindowHandle window) = 0;
+    // A top-level window that the process says is its own; 0 when there is none (yet), or where
+    // the platform cannot tell.
+    virtual WindowHandle FindTopLevelOfProcess(ProcessId process) {
+        (void)process;
+        return 0;
+    }
     // First child window of `parent` with the class; 0 when none.
     virtual WindowHandle FindChild(WindowHandle parent, std::string_view className) = 0;
     virtual void SetZOrder(WindowHandle window, ZOrder order) = 0;

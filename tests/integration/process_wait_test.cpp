@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/services.h"
+#include "support/fake_desktop.h"
 
 namespace lumacfg {
 namespace {
@@ -38,6 +39,26 @@ TEST(ProcessWaitTest, PollsEvery300MsUntilTheProcessIsGoneAndThenNoMore) {
         EXPECT_FALSE(ended.Tick());
         EXPECT_FALSE(ended.Tick());
         EXPECT_EQ(questions, running + 2);
+    }
+    platform::ResetServices();
+}
+
+// A program started as a normal window shows it a moment later: the first tick that finds it
+// brings it to the front, once; a wait that was not asked to raises nothing.
+TEST(ProcessWaitTest, TheProgramsWindowIsBroughtToTheFrontOnceItShows) {
+    for (bool raise : {true, false}) {
+        int questions = 0;
+        platform::SetProcesses(std::make_unique<ScriptedProcesses>(4, questions));
+        support::FakeDesktop desktop;
+        platform::SetWindows(std::make_unique<support::FakeWindows>(desktop));
+        ProcessWait wait(77, raise);
+        EXPECT_TRUE(wait.Tick());  // no window yet
+        desktop.windows[5] = {.className = "BarSet", .caption = "Toolbar", .process = 77};
+        EXPECT_TRUE(wait.Tick());
+        EXPECT_TRUE(wait.Tick());
+        EXPECT_EQ(desktop.changes,
+                  raise ? std::vector<std::string>{"zorder 5 top"} : std::vector<std::string>{})
+            << raise;
     }
     platform::ResetServices();
 }

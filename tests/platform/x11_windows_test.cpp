@@ -169,6 +169,18 @@ TEST_F(X11WindowsTest, DialogsAreCentredOnTheWorkAreaOfTheDesktopOrElseTheScreen
     EXPECT_EQ(attributes.y, 350);
 }
 
+// A program's top-level window is found by the process id it sets (_NET_WM_PID).
+TEST_F(X11WindowsTest, AProgramsWindowIsFoundByItsProcess) {
+    Create("Plain");  // a window without a process id is never taken
+    Window owned = Create("Owned");
+    long pid = 424242;
+    XChangeProperty(display_, owned, XInternAtom(display_, "_NET_WM_PID", False), XA_CARDINAL, 32,
+                    PropModeReplace, reinterpret_cast<unsigned char*>(&pid), 1);
+    XSync(display_, False);
+    EXPECT_EQ(Windows().FindTopLevelOfProcess(424242), owned);
+    EXPECT_EQ(Windows().FindTopLevelOfProcess(424243), 0U);
+}
+
 TEST_F(X11WindowsTest, WindowsThatDoNotExistAreHarmless) {
     Window gone = Create("Gone");
     XDestroyWindow(display_, gone);

@@ -19,6 +19,7 @@ struct FakeWindow {
     std::optional<std::string> caption;  // top-level windows only
     WindowHandle parent = 0;
     Rect client{}, normal{};
+    platform::ProcessId process = 0;  // the program that owns it
 };
 
 struct FakeDesktop {
@@ -41,6 +42,12 @@ class FakeWindows final : public platform::WindowService {
         return 0;
     }
     std::string ClassName(WindowHandle window) override { return Find(window).className; }
+    WindowHandle FindTopLevelOfProcess(platform::ProcessId process) override {
+        for (const auto& [handle, w] : d_.windows) {
+            if (w.caption && w.process == process) return handle;
+        }
+        return 0;
+    }
     WindowHandle FindChild(WindowHandle parent, std::string_view cls) override {
         for (const auto& [handle, w] : d_.windows) {
             if (w.parent == parent && w.className == cls) return handle;

@@ -30,7 +30,8 @@ MainWindowReach::MainWindowReach(ui::MainWindow& window, ui::MainDialog& dialog)
     binder.SetClickAction(QStringLiteral("Cd_Browse"), [this] { BrowseQcMode(); });
     binder.SetClickAction(QStringLiteral("Cd_QCCfg"),
                           [this] { WaitFor(runs_.StartQcConfiguration()); });
-    binder.SetClickAction(QStringLiteral("Cd_Tlbar"), [this] { WaitFor(runs_.StartToolbar()); });
+    binder.SetClickAction(QStringLiteral("Cd_Tlbar"),
+                          [this] { WaitFor(runs_.StartToolbar(), /*raiseItsWindow=*/true); });
     binder.SetClickAction(QStringLiteral("Help"),
                           [] { ShowHelp(0, {}, kHelpContextCommand, kHelpTopicConfig); });
     connect(&listener_, &ReportListener::Reported, this,
@@ -64,9 +65,9 @@ void MainWindowReach::BrowseQcMode() {
     window_.Binder().Refresh();
 }
 
-void MainWindowReach::WaitFor(std::optional<platform::ProcessId> process) {
+void MainWindowReach::WaitFor(std::optional<platform::ProcessId> process, bool raiseItsWindow) {
     if (process) {
-        ui::WaitDialog wait(*process);
+        ui::WaitDialog wait(*process, raiseItsWindow);
         ui::WaitWindow view(wait, &window_);
         view.exec();
     }

@@ -34,7 +34,9 @@ class MainWindowReach final : public QObject {
     void OpenMiscellaneous();
     void BrowseQcMode();
     // Shows the wait window while the started program runs, then reads its report.
-    void WaitFor(std::optional<platform::ProcessId> process);
+    // Waits in the wait window for the program started; `raiseItsWindow` brings its window to
+    // the front once it shows.
+    void WaitFor(std::optional<platform::ProcessId> process, bool raiseItsWindow = false);
     void Activated();
 
     ui::MainWindow& window_;

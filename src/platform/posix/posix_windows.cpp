@@ -148,6 +148,15 @@ class X11Windows final : public WindowService {
         return 0;
     }
 
+    // The window's _NET_WM_PID, which a program sets on its own top-level windows.
+    WindowHandle FindTopLevelOfProcess(ProcessId process) override {
+        for (Window window : TopLevelWindows()) {
+            const std::vector<long> pid = CardinalProperty(window, atoms_.netWmPid);
+            if (!pid.empty() && static_cast<unsigned long>(pid[0]) == process) return window;
+        }
+        return 0;
+    }
+
     std::string ClassName(WindowHandle window) override {
         return window == 0 ? std::string() : ClassOf(window);
     }
@@ -218,7 +227,7 @@ class X11Windows final : public WindowService {
 
   private:
     struct Atoms {
-        Atom wmState, netWmName, utf8String, workArea, currentDesktop, netWmState, above;
+        Atom wmState, netWmName, utf8String, workArea, currentDesktop, netWmState, above, netWmPid;
     };
 
     explicit X11Windows(Display* display)
@@ -233,9 +242,14 @@ class X11Windows final : public WindowService {
         auto atom = [display](const char* name) {
             return g_xlib.XInternAtom(display, name, False);
         };
-        return {atom("WM_STATE"),           atom("_NET_WM_NAME"),         atom("UTF8_STRING"),
-                atom("_NET_WORKAREA"),      atom("_NET_CURRENT_DESKTOP"), atom("_NET_WM_STATE"),
-                atom("_NET_WM_STATE_ABOVE")};
+        return {atom("WM_STATE"),
+                atom("_NET_WM_NAME"),
+                atom("UTF8_STRING"),
+                atom("_NET_WORKAREA"),
+                atom("_NET_CURRENT_DESKTOP"),
+                atom("_NET_WM_STATE"),
+                atom("_NET_WM_STATE_ABOVE"),
+                atom("_NET_WM_PID")};
     }
 
     static Rect RectOf(long x, long y, long width, long height) {

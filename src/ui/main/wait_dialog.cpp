@@ -9,7 +9,8 @@ constexpr int kTextWaiting = 180;
 
 }  // namespace
 
-WaitDialog::WaitDialog(platform::ProcessId process) : wait_(process) {
+WaitDialog::WaitDialog(platform::ProcessId process, bool raiseItsWindow)
+    : wait_(process, raiseItsWindow) {
     controls_["WaitProc"].text = LoadResString(kResWindowCaption);
     controls_["Lbl_Waiting"].text = LoadResString(kTextWaiting);
     controls_["Timer1"].visible = false;

@@ -14,7 +14,8 @@ class WaitDialog final : public DialogModel {
   public:
     static constexpr std::chrono::milliseconds kInterval = ProcessWait::kInterval;
 
-    explicit WaitDialog(platform::ProcessId process);
+    // `raiseItsWindow`: the program's window is brought to the front once it shows.
+    explicit WaitDialog(platform::ProcessId process, bool raiseItsWindow = false);
 
     const Controls& State() const override { return controls_; }
     void SetText(std::string_view, std::string) override {}
