@@ -1,8 +1,6 @@
 # Installs the two programs as a Debian program does, and builds the Debian package:
 #   cmake --build BUILD && (cd BUILD && cpack)   ->   BUILD/lumacfg_<version>_amd64.deb
 # The version, on every file that names it, is PROJECT_VERSION.
-include(GNUInstallDirs)
-
 set(LUMACFG_HOMEPAGE "https://lumacfg.example.org" CACHE STRING
     "Where the project is published; the AppStream screenshot is <this>/screenshots/main-window.png")
 set(LUMACFG_MAINTAINER "lumacfg maintainers <maintainers@lumacfg.example.org>" CACHE STRING
@@ -70,12 +68,7 @@ set(CPACK_PACKAGE_DESCRIPTION
     "The package holds the window, lumacfg, and the headless front end, lumacfg-cli,\n"
     "for the scripted set-up of many stations.")
 string(REPLACE ";" "" CPACK_PACKAGE_DESCRIPTION "${CPACK_PACKAGE_DESCRIPTION}")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-# The directories installed programs live in (the package's and the build's own install) never
-# hold a station: the programs refuse to take one for their program directory.
-target_compile_definitions(lumacfg_core PRIVATE
-    LUMACFG_PACKAGE_BINDIR="${CPACK_PACKAGING_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}"
-    LUMACFG_INSTALL_BINDIR="${CMAKE_INSTALL_FULL_BINDIR}")
+set(CPACK_PACKAGING_INSTALL_PREFIX ${LUMACFG_PACKAGE_PREFIX})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)

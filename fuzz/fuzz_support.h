@@ -1,0 +1,55 @@
+// What every fuzz target shares: a property that fails loudly, the parts of an input, and names
+// drawn from the input or from a small alphabet.
+#pragma once
+
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumacfg::fuzz {
+
+// A property that does not hold is a finding: it is printed and the run aborts, so libFuzzer
+// keeps the input that broke it.
+inline void Require(bool holds, const char* property, std::string_view detail = {}) {
+    if (holds) return;
+    std::fprintf(stderr, "property broken: %s\n%.*s\n", property, static_cast<int>(detail.size()),
+                 detail.data());
+    std::abort();
+}
+
+// The parts of an input separated by lines "#part" (the last part ends the input). An input
+// without the marker is one part.
+inline std::vector<std::string_view> SplitParts(std::string_view input) {
+    constexpr std::string_view kMarker = "\n#part\n";
+    std::vector<std::string_view> parts;
+    for (std::size_t at = input.find(kMarker); at != std::string_view::npos;
+         at = input.find(kMarker)) {
+        parts.push_back(input.substr(0, at));
+        input.remove_prefix(at + kMarker.size());
+    }
+    parts.push_back(input);
+    return parts;
+}
+
+// A name of 1 to 8 characters of letters, digits, "_" and ",", which every profile and registry
+// reader takes as it is: the properties about what was written can be exact for such names.
+inline std::string PlainName(FuzzedDataProvider& data) {
+    static constexpr std::string_view kAlphabet = "ABCKSWXabcks0129_,";
+    std::string name(data.ConsumeIntegralInRange<std::size_t>(1, 8), 'A');
+    for (char& c : name)
+        c = kAlphabet[data.ConsumeIntegralInRange<std::size_t>(0, kAlphabet.size() - 1)];
+    return name;
+}
+
+// One of `known` (names found in the input) or a plain name.
+inline std::string PickName(FuzzedDataProvider& data, const std::vector<std::string>& known) {
+    if (!known.empty() && data.ConsumeBool())
+        return known[data.ConsumeIntegralInRange<std::size_t>(0, known.size() - 1)];
+    return PlainName(data);
+}
+
+}  // namespace lumacfg::fuzz
