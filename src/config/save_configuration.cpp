@@ -1,5 +1,6 @@
 #include "config/save_configuration.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/numbers.h"
@@ -40,6 +41,14 @@ std::string JoinUsed(const std::array<Int16, N>& used) {
     return joined;
 }
 
+// True when an entry of a link or device table holds the number. The key of an empty entry is
+// deleted only when no other entry writes a key of that number: a table loaded from a list
+// edited by hand ("Links=2" puts link 2 in entry 0) must not lose the key it has just written.
+template <std::size_t N>
+bool NumberInUse(const std::array<Int16, N>& used, int number) {
+    return std::find(used.begin(), used.end(), number) != used.end();
+}
+
 void SaveIdentityAndAutosampler(const ConfigRecord& record) {
     Write("ICPMS_ID", record.ICPMS_ID != 1 ? IntText(FindDevice("SMARTCARD")) : std::string{});
     WriteInt("KVD_Remote", record.KVD_Remote);
@@ -63,7 +72,8 @@ void SaveLinks() {
     ConfigRecord& record = Config();
     for (int i = 0; i < kLinkCount; ++i) {
         if (record.LINK_USED[i] < 1) {
-            ProfileDelete(kLinks, "Link" + IntText(i + 1));
+            if (!NumberInUse(record.LINK_USED, i + 1))
+                ProfileDelete(kLinks, "Link" + IntText(i + 1));
             continue;
         }
         ComposeLinkString(i);
@@ -75,7 +85,8 @@ void SaveLinks() {
 void SaveDevices(const ConfigRecord& record) {
     for (int i = 0; i < kDeviceCount; ++i) {
         if (record.DEVICE_USED[i] < 1) {
-            ProfileDelete(kLinks, "Device" + IntText(i + 1));
+            if (!NumberInUse(record.DEVICE_USED, i + 1))
+                ProfileDelete(kLinks, "Device" + IntText(i + 1));
             continue;
         }
         ProfileSet(kLinks, "Device" + IntText(record.DEVICE_USED[i]),

@@ -177,6 +177,21 @@ TEST_F(LoadSaveTest, SaveWritesEveryKeyInItsFormat) {
     EXPECT_EQ(Value("MAX_BOTTLE"), "53");  // tray and depths belong to type 5 only
 }
 
+// A list edited by hand puts a number in another entry than its own ("Links=2": link 2 in entry
+// 0): the key that entry writes is kept, whatever the empty entries delete, save after save.
+TEST_F(LoadSaveTest, HandEditedListsKeepTheirKeys) {
+    WriteStation("", "Links=2\r\nLink2=COM1,488\r\nDevices=3\r\nDevice3=2,V-AS\r\n");
+    for (int save = 1; save <= 2; ++save) {
+        SCOPED_TRACE(save);
+        LoadConfiguration();
+        SaveConfiguration();
+        EXPECT_EQ(Value("Links", "WSX_32"), "2");
+        EXPECT_EQ(Value("Link2", "WSX_32"), "COM1,488");
+        EXPECT_EQ(Value("Devices", "WSX_32"), "3");
+        EXPECT_EQ(Value("Device3", "WSX_32"), "2,V-AS");
+    }
+}
+
 TEST_F(LoadSaveTest, SaveToAReadOnlyProfileFailsQuietly) {
     WriteStation("ALS_TYPE=1\r\n");
     const std::string before = StationText();
