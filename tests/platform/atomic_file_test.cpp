@@ -173,6 +173,29 @@ TEST(ReplaceFileTest, LinksStayLinksAndPermissionsAreKept) {
               fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
 }
 
+// A writer killed before its rename leaves its temporary file; the next replacement of that
+// file removes it. The files of a writer that still runs, and everything else, stay.
+TEST(ReplaceFileTest, TemporariesOfEndedWritersGo) {
+    TempDir temp("lumacfg-atomic");
+    const fs::path& dir = temp.Path();
+    const pid_t ended = ::fork();
+    if (ended == 0) ::_exit(0);
+    ::waitpid(ended, nullptr, 0);
+    const std::string running = std::to_string(::getppid());
+    const std::map<std::string, std::string> kept = {
+        {".station.ist.lumacfg-" + running + "-a1B2c3", "running writer"},
+        {".other.ist.lumacfg-" + std::to_string(ended) + "-a1B2c3", "another file's"},
+        {".station.ist.lumacfg-x-a1B2c3", "no process id"},
+        {".station.ist.a1B2c3", "not this program's"},
+    };
+    for (const auto& [name, bytes] : kept) WriteBytes(dir / name, bytes);
+    WriteBytes(dir / (".station.ist.lumacfg-" + std::to_string(ended) + "-a1B2c3"), "ended");
+    ASSERT_TRUE(ReplaceFile((dir / "station.ist").string(), "new").ok);
+    std::map<std::string, std::string> expected = kept;
+    expected["station.ist"] = "new";
+    EXPECT_EQ(Snapshot(dir), expected);
+}
+
 TEST(ReadRegularFileTest, OnlyARegularFileIsRead) {
     TempDir temp("lumacfg-atomic");
     const fs::path& dir = temp.Path();

@@ -1,6 +1,8 @@
 #include "platform/posix/atomic_file.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -199,6 +201,40 @@ FileRead OpenForReading(const std::string& hostPath, Descriptor& fd, struct stat
     return {FileRead::Status::Read, {}, {}};
 }
 
+// The name of a temporary file beside the file `base` starts with ".<base>.lumacfg-", then
+// the writer's process id, "-" and a unique suffix: a later writer can tell whose it is.
+std::string TemporaryPrefix(const std::string& base) {
+    return "." + base + ".lumacfg-";
+}
+
+// True when the temporary file (its name after the prefix) was left by a process that no longer
+// runs: a writer killed between making the file and renaming it.
+bool LeftByEndedWriter(std::string_view afterPrefix) {
+    const std::size_t dash = afterPrefix.find('-');
+    if (dash == 0 || dash == std::string_view::npos) return false;
+    pid_t pid = 0;
+    for (char c : afterPrefix.substr(0, dash)) {
+        if (c < '0' || c > '9' || pid > 4'000'000) return false;
+        pid = pid * 10 + (c - '0');
+    }
+    return ::kill(pid, 0) != 0 && errno == ESRCH;
+}
+
+// Removes the temporary files that ended writers left beside the file; a running writer's
+// file is left alone.
+void RemoveLeftTemporaries(const std::string& directory, const std::string& base) {
+    DIR* listing = ::opendir(directory.c_str());
+    if (listing == nullptr) return;
+    const std::string prefix = TemporaryPrefix(base);
+    while (const dirent* entry = ::readdir(listing)) {
+        const std::string_view name = entry->d_name;
+        if (name.starts_with(prefix) && LeftByEndedWriter(name.substr(prefix.size()))) {
+            ::unlinkat(::dirfd(listing), entry->d_name, 0);
+        }
+    }
+    ::closedir(listing);
+}
+
 }  // namespace
 
 FileRead ReadRegularFile(const std::string& hostPath) {
@@ -238,7 +274,10 @@ FileWrite ReplaceFile(const std::string& linkOrFile, std::string_view bytes) {
     if (target.problem) return {false, *target.problem};
 
     const std::string directory = DirectoryOf(target.path);
-    std::string tempPath = directory + "/." + BaseNameOf(target.path) + ".XXXXXX";
+    const std::string base = BaseNameOf(target.path);
+    RemoveLeftTemporaries(directory, base);
+    std::string tempPath =
+        directory + "/" + TemporaryPrefix(base) + std::to_string(::getpid()) + "-XXXXXX";
     Descriptor fd(::mkostemp(tempPath.data(), O_CLOEXEC));
     if (!fd) {
         int error = errno;

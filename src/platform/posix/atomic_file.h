@@ -36,7 +36,8 @@ struct FileWrite {
 };
 
 // Replaces the file with the bytes: a temporary file in the same directory, flushed, renamed
-// over the old one, keeping its permissions and owner. A symbolic link to a regular file stays
+// over the old one, keeping its permissions and owner. The temporary files that writers killed
+// before their rename left beside the file are removed first. A symbolic link to a regular file stays
 // a link and its target is replaced; a link to anything else, or to nothing, is refused. Where
 // the directory refuses a new file (no right to create one) but the file may be written, or
 // where the file's owner cannot be given to a new file, the file is written in place only after
