@@ -1,8 +1,9 @@
 // A whole station through the headless front end's "save": a program directory built from the
 // input, then the command as an administrator runs it. Properties: it ends with success or with
-// the file failures it names; every file it could not read is left as it was; a station it
-// saved is saved again without a byte changing and shows the same record before and after
-// (when its registry store can keep the security state).
+// the file failures it names; every file it could not read is left as it was; a dry run of
+// "set" through the windows' checks writes nothing; a station it saved is saved again without a
+// byte changing and shows the same record before and after (when its registry store can keep the
+// security state).
 //
 // Input: the station's files, separated by lines "#part", in the order of kStationFiles; a
 // missing part is a missing file. "@ROOT@" in a file stands for the station's root on the disk,
@@ -138,7 +139,7 @@ struct Outcome {
     std::string out, err;
 };
 
-Outcome RunCommand(const std::string& command) {
+Outcome RunCommand(const std::vector<std::string>& command) {
     platform::ResetServices();
     platform::SetClock(std::make_unique<FixedClock>());
     platform::SetMessages(std::make_unique<QuietMessages>());
@@ -146,7 +147,7 @@ Outcome RunCommand(const std::string& command) {
     const fs::path cwd = fs::current_path();
     fs::current_path(Scratch());
     std::ostringstream out, err;
-    const int exit = cli::Run({command}, out, err);
+    const int exit = cli::Run(command, out, err);
     fs::current_path(cwd);
     return {exit, out.str(), err.str()};
 }
@@ -174,7 +175,7 @@ std::vector<std::string> UnreadableFiles(const std::string& err) {
 void Run(const std::vector<std::string_view>& parts) {
     BuildStation(parts);
     const Files before = Snapshot();
-    const Outcome saved = RunCommand("save");
+    const Outcome saved = RunCommand({"save"});
     Require(saved.exit == cli::kExitOk || saved.exit == cli::kExitFileFailed,
             "save succeeds or names what failed", saved.err);
     Require((saved.exit == cli::kExitOk) == saved.err.empty(), "a failed save says why", saved.err);
@@ -192,14 +193,22 @@ void Run(const std::vector<std::string_view>& parts) {
     const bool securityKept = ReadConfigurationID() != kConfigurationIdFailed;
     if (saved.exit != cli::kExitOk || !securityKept) return;
 
-    const Outcome shown = RunCommand("show");
+    // A dry run through the main window's and the ASX500 dialog's checks (their readers: the
+    // method table, the OPAL and QC mode folders, custrack.ini) writes nothing.
+    const Outcome dryRun = RunCommand({"set", "--dry-run", "ALS_TYPE=1", "RACK1_ID=60"});
+    Require(dryRun.exit == cli::kExitOk || dryRun.exit == cli::kExitRefused ||
+                dryRun.exit == cli::kExitFileFailed,
+            "a dry run succeeds, is refused or names what failed", dryRun.err);
+    Require(Snapshot() == after, "a dry run writes nothing");
+
+    const Outcome shown = RunCommand({"show"});
     Require(shown.exit == cli::kExitOk, "a saved station shows", shown.err);
-    const Outcome savedAgain = RunCommand("save");
+    const Outcome savedAgain = RunCommand({"save"});
     Require(savedAgain.exit == cli::kExitOk, "a saved station saves again", savedAgain.err);
     const Files again = Snapshot();
     Require(again == after, "a saved station is saved again without a byte changing",
             ChangedFiles(after, again));
-    Require(RunCommand("show").out == shown.out, "a saved station shows the same record");
+    Require(RunCommand({"show"}).out == shown.out, "a saved station shows the same record");
 }
 
 }  // namespace
