@@ -23,12 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const fs::path& ProgramDir() {
-    static const fs::path dir = [] {
-        const fs::path base = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
-        const fs::path path = base / ("lumacfg-custrack-fuzz-" + std::to_string(::getpid()));
-        fs::create_directories(path);
-        return path;
-    }();
+    static const fs::path dir = WorkDirectory("custrack");
     return dir;
 }
 

@@ -4,8 +4,11 @@
 
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +22,17 @@ inline void Require(bool holds, const char* property, std::string_view detail = 
     std::fprintf(stderr, "property broken: %s\n%.*s\n", property, static_cast<int>(detail.size()),
                  detail.data());
     std::abort();
+}
+
+// A directory of this fuzzing process, made on first use: in memory where the machine offers it,
+// so a run costs no disk flush. Its name holds the process id, so parallel jobs keep apart.
+inline std::filesystem::path WorkDirectory(std::string_view name) {
+    namespace fs = std::filesystem;
+    const fs::path base = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
+    const fs::path path =
+        base / ("lumacfg-fuzz-" + std::string(name) + "-" + std::to_string(::getpid()));
+    fs::create_directories(path);
+    return path;
 }
 
 // The parts of an input separated by lines "#part" (the last part ends the input). An input

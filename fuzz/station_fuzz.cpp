@@ -50,39 +50,19 @@ class FixedClock final : public platform::Clock {
 class QuietMessages final : public platform::MessageBoxService {
   public:
     platform::MessageAnswer Show(const platform::MessageRequest& request) override {
-        switch (request.buttons) {
-            case platform::MessageButtons::Ok:
-                return platform::MessageAnswer::Ok;
-            case platform::MessageButtons::OkCancel:
-                return request.defaultButton == 1 ? platform::MessageAnswer::Cancel
-                                                  : platform::MessageAnswer::Ok;
-            case platform::MessageButtons::YesNo:
-            case platform::MessageButtons::YesNoCancel:
-                return request.defaultButton == 0   ? platform::MessageAnswer::Yes
-                       : request.defaultButton == 1 ? platform::MessageAnswer::No
-                                                    : platform::MessageAnswer::Cancel;
-        }
-        return platform::MessageAnswer::Ok;
+        return platform::DefaultAnswer(request);
     }
 };
 
-// The station's root: in memory where the machine offers it, so a run costs no disk flush.
 const fs::path& Root() {
-    static const fs::path root = [] {
-        const fs::path base = fs::is_directory("/dev/shm") ? "/dev/shm" : fs::temp_directory_path();
-        return base / ("lumacfg-station-fuzz-" + std::to_string(::getpid()));
-    }();
+    static const fs::path root = WorkDirectory("station");
     return root;
 }
 
 // The working directory of the commands: a station's profile may name relative paths, and what
 // is written there must not land among the fuzzer's own files.
 const fs::path& Scratch() {
-    static const fs::path scratch = [] {
-        const fs::path path = Root().string() + "-cwd";
-        fs::create_directories(path);
-        return path;
-    }();
+    static const fs::path scratch = WorkDirectory("station-cwd");
     return scratch;
 }
 

@@ -18,6 +18,9 @@ struct MessageRequest {
     int defaultButton = 0;  // 0-based among the buttons
 };
 
+// The answer of the default button, as a user pressing Enter gives it.
+MessageAnswer DefaultAnswer(const MessageRequest& request);
+
 class MessageBoxService {
   public:
     virtual ~MessageBoxService() = default;

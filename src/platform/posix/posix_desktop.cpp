@@ -34,18 +34,7 @@ class ConsoleMessages final : public MessageBoxService {
   public:
     MessageAnswer Show(const MessageRequest& request) override {
         std::cerr << request.text << '\n';
-        switch (request.buttons) {
-            case MessageButtons::Ok:
-                return MessageAnswer::Ok;
-            case MessageButtons::OkCancel:
-                return request.defaultButton == 1 ? MessageAnswer::Cancel : MessageAnswer::Ok;
-            case MessageButtons::YesNo:
-            case MessageButtons::YesNoCancel:
-                return request.defaultButton == 0   ? MessageAnswer::Yes
-                       : request.defaultButton == 1 ? MessageAnswer::No
-                                                    : MessageAnswer::Cancel;
-        }
-        return MessageAnswer::Ok;
+        return DefaultAnswer(request);
     }
 };
 
