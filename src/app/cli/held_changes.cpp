@@ -267,6 +267,7 @@ class HeldRegistry final : public platform::Registry {
         return std::make_unique<HeldRegistryKey>(log_, std::string(CutAtNul(path)), access,
                                                  std::move(key));
     }
+    bool Readable() override { return log_->registry->Readable(); }
     void BeginBatch() override {}
     bool EndBatch() override { return true; }
 
