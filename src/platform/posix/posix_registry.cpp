@@ -265,7 +265,7 @@ class FileRegistry final : public Registry {
         const std::string store = StorePath();
         const bool read = shared_->WithDocument(
             store, [](const RegDocument* document) { return document != nullptr; });
-        return read || !HostPathExists(store);
+        return read || ReadRegularFile(store).status == FileRead::Status::Missing;
     }
 
     void BeginBatch() override { shared_->Begin(); }
