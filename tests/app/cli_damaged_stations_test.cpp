@@ -33,14 +33,15 @@ using support::WriteBytes;
 
 // The station files a row speaks of, as bits.
 enum StationFile : unsigned {
-    kStation = 1,     // LUMAEXE/lumagen.ist
-    kStore = 2,       // registry.reg
-    kCustrack = 4,    // LUMAEXE/custrack.ini
-    kRunType = 8,     // LUMAEXE/runtype.ini, the active copy of the QC mode's run type
-    kQcRunType = 16,  // the QC mode's own runtype.ini
-    kMpm = 32,        // LUMAEXE/MPM.TBL
-    kProgramDir = 64,
-    kAll = 63,  // every file above
+    kStation = 1,      // LUMAEXE/lumagen.ist
+    kStore = 2,        // registry.reg
+    kCustrack = 4,     // LUMAEXE/custrack.ini
+    kRunType = 8,      // LUMAEXE/runtype.ini, the active copy of the QC mode's run type
+    kQcRunType = 16,   // the QC mode's own runtype.ini
+    kMpm = 32,         // LUMAEXE/MPM.TBL
+    kAutomation = 64,  // LUMAEXE/lumacfg.ini
+    kProgramDir = 128,
+    kAll = 127,  // every file above
 };
 
 // A custom tray with two rack positions and its racks, the tray fitted to the autosampler.
@@ -86,7 +87,7 @@ struct DamagedStation {
     unsigned appended = 0;
     // Text a file must still hold afterwards.
     unsigned holder = 0;
-    const char* holds = "";
+    std::string_view holds = {};
     // show prints the same record as for the undamaged station.
     bool sameRecord = false;
 };
@@ -107,6 +108,8 @@ class DamagedStationTest : public support::TempStation {
                 return root_ / "1" / "QCMODE" / "GENERAL.QCC" / "runtype.ini";
             case kMpm:
                 return ProgramDir() / "MPM.TBL";
+            case kAutomation:
+                return ProgramDir() / "lumacfg.ini";
             default:
                 return ProgramDir();
         }
@@ -231,12 +234,6 @@ class DamagedStationTest : public support::TempStation {
         };
     }
 
-    std::string StationLine(std::string_view key) const {
-        const std::string text = StationText();
-        const std::size_t at = text.find("\n" + std::string(key) + "=");
-        return text.substr(at + 1, text.find('\n', at + 1) - at);
-    }
-
     support::TempDir pristine_{"lumacfg-pristine"};
 };
 
@@ -281,6 +278,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
             text.insert(text.find('\n', at) + 1, lines);
         };
     };
+    const std::string completedInUtf16 = Utf16(std::string("\r\n") + kCompletedLine, false, false);
     const char* const noSpace = "No space left on device";
     const char* const notRegistry = "not a registry file";
 
@@ -323,6 +321,12 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"lumagen.ist in UTF-16 with an unpaired surrogate",
          Replace(kStation, Utf16(station, false, true) + std::string("\x00\xD8", 2)), 4, 4,
          {"read", kStation, "UTF-16 text with an unpaired surrogate"}, kAll},
+        {"lumagen.ist in UTF-16LE that the start completes",
+         Incomplete(Edit(kStation, [](std::string& text) { text = Utf16(text, false, true); })), 0,
+         0, {}, kAll & ~kStation, 0, kStation, completedInUtf16, true},
+        {"lumagen.ist with a UTF-8 mark that the start completes",
+         Incomplete(Edit(kStation, [](std::string& text) { text = "\xEF\xBB\xBF" + text; })), 0,
+         0, {}, kAll & ~kStation, 0, kStation, "\xEF\xBB\xBF[WSX]\r\n", true},
         {"lumagen.ist with a UTF-8 mark", Replace(kStation, "\xEF\xBB\xBF" + station), 0, 0, {},
          kAll, 0, 0, "", true},
         {"lumagen.ist with Windows-1252 letters",
@@ -437,6 +441,10 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kStore, "not a regular file (a FIFO)"}, kAll},
         {"registry store is a directory", Swap(kStore, Directory), 4, 4,
          {"read", kStore, "not a regular file (a directory)"}, kAll},
+        {"registry store missing", Just([this] { fs::remove(RegistryPath()); }), 0, 0, {},
+         kAll & ~kStation, 0, kStation, "\r\n_ALWAYSPRT=0\r\n"},
+        {"registry store is a link to nothing (a missing store)", Swap(kStore, LinkToNothing), 0,
+         0, {}, kAll & ~kStation, 0, kStation, "\r\n_ALWAYSPRT=0\r\n"},
         {"registry store is a link to itself", Swap(kStore, LinkToItself), 4, 4,
          {"read", kStore, "Too many levels of symbolic links"}, kAll},
         {"registry store without write permission", ReadOnlyFile(kStore), 0, 4,
@@ -502,6 +510,13 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"the QC mode's runtype.ini missing (its copy is kept)",
          Just([this] { fs::remove(PathOf(kQcRunType)); }), 0, 0, {}, kAll},
 
+        // Other files of the program directory.
+        {"lumacfg.ini is a FIFO", Swap(kAutomation, Fifo), 4, 4,
+         {"read", kAutomation, "not a regular file (a FIFO)"}, kAll},
+        {"lumacfg.ini is a directory", Swap(kAutomation, Directory), 4, 4,
+         {"read", kAutomation, "not a regular file (a directory)"}, kAll},
+        {"ACSLVL.IST is a FIFO", Just([this] { Fifo(ProgramDir() / "ACSLVL.IST"); }), 0, 0, {},
+         kAll},
         // The OPAL method table: neither show nor save reads it.
         {"MPM.TBL is a FIFO", Swap(kMpm, Fifo), 0, 0, {}, kAll},
     };
@@ -551,7 +566,8 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
                 EXPECT_EQ(now.substr(0, damaged[index].size()), damaged[index]);
             }
             if (row.holder & file) {
-                EXPECT_NE(now.find(row.holds), std::string::npos);
+                EXPECT_NE(now.find(row.holds), std::string::npos)
+                    << testing::PrintToString(std::string(row.holds));
             }
         }
         for (const fs::path& dir : {ProgramDir(), root_}) {
