@@ -194,6 +194,11 @@ class HeldProfiles final : public platform::ProfileService {
     }
 
     bool Readable(std::string_view file) override { return log_->profiles->Readable(file); }
+    // As the file stands on the disk: the sections asked about are changed only by the caller,
+    // after it has asked.
+    std::size_t SectionCount(std::string_view file, std::string_view section) override {
+        return log_->profiles->SectionCount(file, section);
+    }
     void BeginBatch() override {}
     bool EndBatch() override { return true; }
 
