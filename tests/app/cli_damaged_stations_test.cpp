@@ -442,6 +442,24 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          kAll, 0, kStore, "\"HardWare\"=dword:0000zz01\r\n"},
         {"registry store in UTF-16 with an odd number of bytes",
          Replace(kStore, Utf16(store, false, true) + "A"), 0, 0, {}, kAll & ~kStore},
+        {"registry store with the data system's key twice",
+         Edit(kStore, append(std::string("\r\n") + support::kDataSystemKeyLine +
+                             "\"HardWare\"=dword:00000002\r\n\"ConfigurationID\"=dword:00000000\r\n")),
+         0, 0, {}, kAll & ~kStore, 0, kStore,
+         "\"HardWare\"=dword:00000002\r\n\"ConfigurationID\"=dword:00000000\r\n", true},
+        {"registry store with a value twice",
+         Edit(kStore, insertAfter("\"HardWare\"", "\"HardWare\"=dword:00000002\r\n")), 0, 0, {},
+         kAll, 0, kStore, "\"HardWare\"=dword:00000001\r\n\"HardWare\"=dword:00000002\r\n", true},
+        // What the registry store cannot decode is kept as it stands.
+        {"registry store in UTF-16 with an unpaired surrogate",
+         Replace(kStore, Utf16(store, false, true) + std::string("\x00\xD8", 2)), 0, 0, {},
+         kAll & ~kStore, 0, kStore, std::string_view("\n\0\x00\xD8", 4)},
+        {"new station with \"HardWare\" beyond its range",
+         [&] {
+             Replace(kStation, "")();
+             return Edit(kStore, replaceLine("\"HardWare\"", "\"HardWare\"=dword:ffffffff\r\n"))();
+         },
+         0, 0, {}, kAll & ~kStation & ~kStore, kStation},
         {"registry store is a FIFO", Swap(kStore, Fifo), 4, 4,
          {"read", kStore, "not a regular file (a FIFO)"}, kAll},
         {"registry store is a directory", Swap(kStore, Directory), 4, 4,
@@ -488,6 +506,11 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"custrack.ini with its tray selection twice",
          Edit(kCustrack, append("[CURRENT]\r\nTRAY_ID=1000\r\nRACK1_ID=1001\r\nSTALE=1\r\n")), 0,
          4, {"write", kCustrack, "section [CURRENT] stands 2 times"}, kAll},
+        {"custrack.ini in UTF-16 with an odd number of bytes",
+         Edit(kCustrack, [](std::string& text) { text = Utf16(text, false, true) + "A"; }), 0, 4,
+         {"read", kCustrack, "UTF-16 text with an odd number of bytes"}, kAll},
+        {"custrack.ini in UTF-16BE", Edit(kCustrack, [](std::string& text) { text = Utf16(text, true, true); }), 0, 0,
+         {}, kAll},
         {"custrack.ini is a FIFO", Swap(kCustrack, Fifo), 0, 4,
          {"read", kCustrack, "not a regular file (a FIFO)"}, kAll},
         {"custrack.ini is a directory", Swap(kCustrack, Directory), 0, 4,
@@ -515,6 +538,11 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kRunType, "UTF-16 text with an odd number of bytes"}, kAll},
         {"the QC mode's runtype.ini is a FIFO", Swap(kQcRunType, Fifo), 0, 4,
          {"read", kQcRunType, "not a regular file (a FIFO)"}, kAll},
+        {"the QC mode's runtype.ini in UTF-16 with an odd number of bytes",
+         Edit(kQcRunType, [](std::string& text) { text = Utf16(text, false, true) + "A"; }), 0, 4,
+         {"read", kQcRunType, "UTF-16 text with an odd number of bytes"}, kAll},
+        {"the QC mode's runtype.ini of random bytes", Replace(kQcRunType, RandomBytes(1000, 13)),
+         0, 0, {}, kAll & ~kRunType},
         {"the QC mode's runtype.ini missing (its copy is kept)",
          Just([this] { fs::remove(PathOf(kQcRunType)); }), 0, 0, {}, kAll},
 
