@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <fstream>
 #include <functional>
 #include <iostream>
@@ -461,6 +462,17 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
              return Edit(kStore, replaceLine("\"HardWare\"", "\"HardWare\"=dword:ffffffff\r\n"))();
          },
          0, 0, {}, kAll & ~kStation & ~kStore, kStation},
+        {"registry store with LF line ends", Edit(kStore, [](std::string& text) {
+             std::erase(text, '\r');
+         }),
+         0, 0, {}, kAll, 0, 0, {}, true},
+        {"registry store with CR line ends",
+         Edit(kStore, [](std::string& text) { std::replace(text.begin(), text.end(), '\n', '\r'); }),
+         4, 4, {"read", kStore, notRegistry}, kAll},
+        {"registry store with the data system's key line without ']'",
+         Edit(kStore, replaceLine("[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane",
+                                  "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Corvane Instruments\r\n")),
+         0, 0, {}, kAll & ~kStation, 0, kStation, "\r\n_ALWAYSPRT=0\r\n"},
         {"registry store is a FIFO", Swap(kStore, Fifo), 4, 4,
          {"read", kStore, "not a regular file (a FIFO)"}, kAll},
         {"registry store is a directory", Swap(kStore, Directory), 4, 4,
@@ -520,6 +532,18 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kCustrack, "Too many levels of symbolic links"}, kAll},
         {"custrack.ini is a link to nothing (no tray selection to keep)",
          Swap(kCustrack, LinkToNothing), 0, 0, {}, kAll},
+        {"custrack.ini on a full disk with a selection to write",
+         [&] {
+             Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
+             return OnTmpfs("size=64k", Fill::kBytes)();
+         },
+         0, 4, {"write", kCustrack, noSpace}, kAll},
+        {"custrack.ini on a read-only mount with a selection to write",
+         [&] {
+             Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
+             return ReadOnlyMount(PathOf(kCustrack))();
+         },
+         0, 4, {"write", kCustrack, "Read-only file system"}, kAll},
         {"custrack.ini without write permission and a selection to write",
          [&] {
              Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
