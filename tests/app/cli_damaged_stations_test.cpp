@@ -367,6 +367,14 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"lumagen.ist with a section header without ']'",
          Edit(kStation, replaceLine("[WSX_32]", "[WSX_32\r\n")), 0, 0, {}, kAll & ~kStation & ~kStore,
          0, kStation, "[WSX_32\r\nLinks=1"},
+        {"lumagen.ist with texts longer than the load reads",
+         Edit(kStation,
+              [replaceLine](std::string& text) {
+                  const std::string folder = "\\\\labserver\\" + std::string(120, 'q') + "\\";
+                  replaceLine("_QCMDPATH$=", "_QCMDPATH$=" + folder + "\r\n")(text);
+                  replaceLine("_MPMFILE$=", "_MPMFILE$=" + std::string(150, 'm') + ".MPA\r\n")(text);
+              }),
+         0, 0, {}, kAll},
         {"lumagen.ist with a value of 1 MB",
          Edit(kStation, append("[Big]\r\nValue=" + std::string(1 << 20, 'v') + "\r\n")), 0, 0, {},
          kAll, 0, 0, "", true},
