@@ -281,6 +281,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         };
     };
     const std::string completedInUtf16 = Utf16(std::string("\r\n") + kCompletedLine, false, false);
+    const std::string rack1InUtf16 = Utf16("\r\nRACK1_ID=1000\r\n", false, false);
     const char* const noSpace = "No space left on device";
     const char* const notRegistry = "not a registry file";
 
@@ -532,6 +533,13 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kCustrack, "UTF-16 text with an odd number of bytes"}, kAll},
         {"custrack.ini in UTF-16BE", Edit(kCustrack, [](std::string& text) { text = Utf16(text, true, true); }), 0, 0,
          {}, kAll},
+        {"custrack.ini in UTF-16LE with a selection to write",
+         Edit(kCustrack,
+              [replaceLine](std::string& text) {
+                  replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n")(text);
+                  text = Utf16(text, false, true);
+              }),
+         0, 0, {}, kAll & ~kCustrack, 0, kCustrack, rack1InUtf16},
         {"custrack.ini is a FIFO", Swap(kCustrack, Fifo), 0, 4,
          {"read", kCustrack, "not a regular file (a FIFO)"}, kAll},
         {"custrack.ini is a directory", Swap(kCustrack, Directory), 0, 4,
@@ -564,6 +572,10 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kRunType, "not a regular file (a FIFO)"}, kAll},
         {"runtype.ini is a directory", Swap(kRunType, Directory), 0, 4,
          {"read", kRunType, "not a regular file (a directory)"}, kAll},
+        {"runtype.ini is a link to nothing", Swap(kRunType, LinkToNothing), 0, 4,
+         {"write", kRunType, "a symbolic link to a missing file"}, kAll},
+        {"runtype.ini is a link to itself", Swap(kRunType, LinkToItself), 0, 4,
+         {"read", kRunType, "Too many levels of symbolic links"}, kAll},
         {"runtype.ini without write permission", ReadOnlyFile(kRunType), 0, 4,
          {"write", kRunType, "read-only file"}, kAll},
         {"runtype.ini in UTF-16 with an odd number of bytes",
