@@ -400,6 +400,12 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"read", kStation, "not a regular file (a directory)"}, kAll},
         {"lumagen.ist is a FIFO", Swap(kStation, Fifo), 4, 4,
          {"read", kStation, "not a regular file (a FIFO)"}, kAll},
+        {"lumagen.ist is a link to the station kept elsewhere, which the start completes",
+         Incomplete(Just([this] {
+             fs::rename(StationProfile(), root_ / "elsewhere.ist");
+             fs::create_symlink("../elsewhere.ist", StationProfile());
+         })),
+         0, 0, {}, kAll, 0, 0, {}, true},
         {"lumagen.ist is a link to itself", Swap(kStation, LinkToItself), 4, 4,
          {"read", kStation, "Too many levels of symbolic links"}, kAll},
         {"lumagen.ist is a link to nothing", Swap(kStation, LinkToNothing), 4, 4,
@@ -540,6 +546,12 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
                   text = Utf16(text, false, true);
               }),
          0, 0, {}, kAll & ~kCustrack, 0, kCustrack, rack1InUtf16},
+        {"custrack.ini with 100000 sections after the tray selection",
+         Edit(kCustrack,
+              [](std::string& text) {
+                  for (int i = 0; i < 100000; ++i) text += "[S" + std::to_string(i) + "]\r\nK=1\r\n";
+              }),
+         0, 0, {}, kAll & ~kCustrack, 0, kCustrack, "[S99999]\r\nK=1\r\n[CURRENT]\r\n"},
         {"custrack.ini is a FIFO", Swap(kCustrack, Fifo), 0, 4,
          {"read", kCustrack, "not a regular file (a FIFO)"}, kAll},
         {"custrack.ini is a directory", Swap(kCustrack, Directory), 0, 4,
