@@ -412,6 +412,16 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          {"write", kStation, "a symbolic link to a missing file"}, kAll},
         {"lumagen.ist without write permission", Incomplete(ReadOnlyFile(kStation)), 4, 4,
          {"write", kStation, "read-only file"}, kAll},
+        {"lumagen.ist without any permission bit (read by root, a write refused)",
+         Incomplete(Just([this] { fs::permissions(StationProfile(), fs::perms::none); })), 4, 4,
+         {"write", kStation, "read-only file"}, kAll},
+        {"program directory without write permission bits (root still writes in it)",
+         Incomplete(Just([this] {
+             fs::permissions(ProgramDir(), fs::perms::owner_write | fs::perms::group_write |
+                                               fs::perms::others_write,
+                             fs::perm_options::remove);
+         })),
+         0, 0, {}, kAll & ~kStation, 0, kStation, kCompletedLine, true},
         {"program directory on a read-only mount", Incomplete(ReadOnlyMount(ProgramDir())), 4, 4,
          {"write", kStation, "Read-only file system"}, kAll},
         {"program directory on a full disk", Incomplete(OnTmpfs("size=64k", Fill::kBytes)), 4, 4,
