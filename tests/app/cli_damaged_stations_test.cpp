@@ -41,8 +41,10 @@ enum StationFile : unsigned {
     kQcRunType = 16,   // the QC mode's own runtype.ini
     kMpm = 32,         // LUMAEXE/MPM.TBL
     kAutomation = 64,  // LUMAEXE/lumacfg.ini
+    kAll = 127,        // every file above, each compared after every row
+    // Named in messages only.
     kProgramDir = 128,
-    kAll = 127,  // every file above
+    kRunTypeElsewhere = 256,  // gone/runtype.ini in the data-system root
 };
 
 // A custom tray with two rack positions and its racks, the tray fitted to the autosampler.
@@ -111,6 +113,8 @@ class DamagedStationTest : public support::TempStation {
                 return ProgramDir() / "MPM.TBL";
             case kAutomation:
                 return ProgramDir() / "lumacfg.ini";
+            case kRunTypeElsewhere:
+                return root_ / "gone" / "runtype.ini";
             default:
                 return ProgramDir();
         }
@@ -590,6 +594,15 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          0, 4, {"write", kCustrack, "read-only file"}, kAll},
 
         // The run type: the QC mode's file copied over the program directory's.
+        {"lumagen.ist naming a program folder that is not there",
+         Edit(kStation, replaceLine("_EXEPATH$=", "_EXEPATH$=" + (root_ / "gone").string() + "/\r\n")),
+         0, 4, {"write", kRunTypeElsewhere, "No such file or directory"}, kAll},
+        {"lumagen.ist naming a program folder that is a file",
+         [&] {
+             WriteBytes(root_ / "gone", "a file\r\n");
+             return Edit(kStation, replaceLine("_EXEPATH$=", "_EXEPATH$=" + (root_ / "gone").string() + "/\r\n"))();
+         },
+         0, 4, {"read", kRunTypeElsewhere, "Not a directory"}, kAll},
         {"runtype.ini is a FIFO", Swap(kRunType, Fifo), 0, 4,
          {"read", kRunType, "not a regular file (a FIFO)"}, kAll},
         {"runtype.ini is a directory", Swap(kRunType, Directory), 0, 4,
@@ -633,7 +646,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
             continue;
         }
         std::vector<std::string> damaged;
-        for (unsigned file = 1; file < kProgramDir; file <<= 1) {
+        for (unsigned file = 1; file < kAll; file <<= 1) {
             damaged.push_back(Snapshot(PathOf(file)));
         }
         const std::string expected = row.named.op
@@ -658,7 +671,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
             }
         }
         std::size_t index = 0;
-        for (unsigned file = 1; file < kProgramDir; file <<= 1, ++index) {
+        for (unsigned file = 1; file < kAll; file <<= 1, ++index) {
             SCOPED_TRACE(PathOf(file).string());
             const std::string now = Snapshot(PathOf(file));
             if (row.same & file) {
