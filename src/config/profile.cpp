@@ -32,10 +32,9 @@ int ProfileDelete(std::string_view section, std::string_view key) {
 
 std::optional<std::string> ReadSingleValue(std::string_view section, std::string_view key,
                                            std::string_view defaultText) {
-    constexpr std::size_t kSize = 100;
-    std::string buffer(kSize, '\0');
+    std::string buffer(kSingleValueSize, '\0');
     const std::string untouched = buffer;
-    std::size_t count = ProfileGet(section, key, defaultText, buffer, kSize);
+    std::size_t count = ProfileGet(section, key, defaultText, buffer, kSingleValueSize);
     if (buffer == untouched || count < 1) return std::nullopt;
     return buffer.substr(0, count);
 }

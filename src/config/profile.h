@@ -2,6 +2,7 @@
 // file, and the list helpers that turn stored values into fields.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -26,6 +27,9 @@ std::size_t ProfileGet(std::string_view section, std::string_view key, std::stri
 int ProfileSet(std::string_view section, std::string_view key, std::string_view value);
 // Removes the key. Non-zero on success.
 int ProfileDelete(std::string_view section, std::string_view key);
+
+// The buffer of the single-value read: at most kSingleValueSize - 1 characters come back.
+inline constexpr std::size_t kSingleValueSize = 100;
 
 // The single-value read of every load routine (a 100-character buffer): the value of the key
 // (or the default when the key is missing), or nullopt when nothing came back (the field then

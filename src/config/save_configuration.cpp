@@ -1,6 +1,7 @@
 #include "config/save_configuration.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 
 #include "base/numbers.h"
@@ -9,6 +10,7 @@
 #include "config/profile.h"
 #include "config/station_batch.h"
 #include "integration/vlt_settings.h"
+#include "platform/services.h"
 
 namespace lumacfg {
 namespace {
@@ -24,6 +26,19 @@ void WriteInt(std::string_view key, long long value) {
 }
 void WriteWhole(std::string_view key, double value) {
     Write(key, FormatNumber(value, NumberFormat::Integer));
+}
+// A text field the load reads with the single-value read. A stored text longer than that read
+// returns, of which the field still holds all that came back, is kept as it stands: writing
+// the field would cut it short, losing what the load could not read.
+void WriteReadText(std::string_view key, const std::string& text) {
+    if (text.size() == kSingleValueSize - 1) {
+        const std::string stored = platform::Profiles()
+                                       .GetString(StationProfilePath(), kSection, key, "",
+                                                  std::numeric_limits<std::size_t>::max())
+                                       .text;
+        if (stored.size() > text.size() && stored.starts_with(text)) return;
+    }
+    Write(key, text);
 }
 // A field that is stored only while it is non-zero.
 void WriteNonZero(std::string_view key, long long value) {
@@ -134,8 +149,8 @@ void SaveRacks(ConfigRecord& record) {
 
 void SaveQcModeAndTiming(const ConfigRecord& record) {
     Write("PRO_SCAN", record.PRO_SCAN == 1 ? "0" : "1");
-    Write("_QCMDPATH$", record.QCMDPATH);
-    Write("_QCMDFILE$", record.QCMDFILE);
+    WriteReadText("_QCMDPATH$", record.QCMDPATH);
+    WriteReadText("_QCMDFILE$", record.QCMDFILE);
     WriteInt("DSS_MODE", record.DSS_MODE);
     WriteWhole("DSS_LOAD", record.DSS_LOAD);
     WriteWhole("DSS_ACQ", record.DSS_ACQ);
@@ -162,7 +177,7 @@ void SaveOptions(const ConfigRecord& record) {
     WriteInt("OPT_IMTPUMP", record.OPT_IMTPUMP);
     WriteInt("OPT_SHUTDOWN", record.OPT_SHUTDOWN);
     WriteInt("_MPM", record.MPM);
-    Write("_MPMFILE$", record.MPMFILE);
+    WriteReadText("_MPMFILE$", record.MPMFILE);
     Write("_MPMATDIL", record.MPMATDIL != 0 ? "1" : "0");
     WriteInt("EnableDTCal", record.EnableDTCal);
 }

@@ -70,8 +70,9 @@ void CreateStation() {
     PrepareRunType();
 }
 
-// The station can be read: its program directory is there and its profile, when there is one,
-// can be read as a profile. A station that cannot be read is never replaced by a new one.
+// The station can be read: its program directory is there, its profile, when there is one, can
+// be read as a profile, and so can the registry store. A station that cannot be read is never
+// replaced by a new one, nor saved with what could not be read taken as its defaults.
 bool StationReadable() {
     const std::string directory = platform::ProgramDirectory();
     if (auto problem = platform::ProgramDirectoryProblem()) {
@@ -79,7 +80,10 @@ bool StationReadable() {
                                     *problem);
         return false;
     }
-    return platform::Profiles().Readable(StationProfilePath());
+    if (!platform::Profiles().Readable(StationProfilePath())) return false;
+    // The security state is read from the registry: a registry that cannot be read would give
+    // "off", and the save would store that (always-print cleared) over the station's own.
+    return platform::TheRegistry().Readable();
 }
 
 // A true flag stored as -1 becomes its magnitude 1, and is published as such.

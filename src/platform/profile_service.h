@@ -47,6 +47,10 @@ class ProfileService {
     // that cannot be (a directory, a FIFO, a file the process may not read, an encoding that
     // cannot be decoded): the failure is reported to Failures().
     virtual bool Readable(std::string_view file) = 0;
+
+    // How many sections of the name the file holds (reads and writes find the first); a file
+    // that is missing or cannot be read holds none.
+    virtual std::size_t SectionCount(std::string_view file, std::string_view section) = 0;
 };
 
 }  // namespace lumacfg::platform

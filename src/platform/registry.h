@@ -29,6 +29,10 @@ class Registry {
     // store that may not be written when SetValue access is asked for, gives nullptr.
     virtual std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) = 0;
 
+    // False when the registry is there but cannot be read (the failure is reported to
+    // Failures()); a registry that holds no keys at all can be read.
+    virtual bool Readable() { return true; }
+
     // Between BeginBatch and EndBatch, values are set in memory and the store is written once
     // at EndBatch (with what setting them one by one would have given); queries in between see
     // the values set. EndBatch returns false when the store could not be written (the failure

@@ -409,6 +409,13 @@ bool SaveCurrentTray() {
         ReportNumberError(*numberError);
         return false;
     }
+    // The section is deleted and written anew. With a second "[CURRENT]" after it, that one
+    // would take the keys written, its own mixed with the selection's: the file is kept as it
+    // stands until the site repairs it.
+    if (const std::size_t count = CustrackSectionCount(kCurrentSection); count > 1) {
+        ReportRepeatedSection(kCurrentSection, count);
+        return false;
+    }
     const bool deleted = DeleteCustrackSection(kCurrentSection);
     const bool idsWritten = WriteTrayIds(state.WorkingTray);
     const bool racksWritten = WriteRacks(state.WorkingTray);

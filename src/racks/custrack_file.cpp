@@ -63,6 +63,16 @@ void ReportNumberError(const CustrackNumberError& error) {
                                 NumberErrorReason(error));
 }
 
+std::size_t CustrackSectionCount(std::string_view section) {
+    return platform::Profiles().SectionCount(FilePath(), section);
+}
+
+void ReportRepeatedSection(std::string_view section, std::size_t count) {
+    platform::Failures().Report(
+        platform::FileOperation::Write, platform::HostPath(FilePath()),
+        "section [" + std::string(section) + "] stands " + std::to_string(count) + " times");
+}
+
 CustrackPass::CustrackPass() {
     if (openPasses++ == 0) PassPath() = CustrackPath();
     platform::Profiles().BeginBatch();

@@ -4,6 +4,7 @@
 // every call; a pass finds it once and makes its calls one pass over the file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,6 +34,13 @@ std::string NumberErrorReason(const CustrackNumberError& error);
 
 // Reports custrack.ini (its path on the disk) with the reason above to platform::Failures().
 void ReportNumberError(const CustrackNumberError& error);
+
+// How many sections "[section]" custrack.ini holds.
+std::size_t CustrackSectionCount(std::string_view section);
+
+// Reports custrack.ini (its path on the disk) to platform::Failures() as a file that cannot be
+// written because the section stands `count` times.
+void ReportRepeatedSection(std::string_view section, std::size_t count);
 
 // One pass over custrack.ini: while a pass is open, the profile service holds the file parsed
 // in memory, so each read is a lookup instead of a read of the whole file, and every change is

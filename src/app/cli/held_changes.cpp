@@ -194,6 +194,11 @@ class HeldProfiles final : public platform::ProfileService {
     }
 
     bool Readable(std::string_view file) override { return log_->profiles->Readable(file); }
+    // As the file stands on the disk: the sections asked about are changed only by the caller,
+    // after it has asked.
+    std::size_t SectionCount(std::string_view file, std::string_view section) override {
+        return log_->profiles->SectionCount(file, section);
+    }
     void BeginBatch() override {}
     bool EndBatch() override { return true; }
 
@@ -267,6 +272,7 @@ class HeldRegistry final : public platform::Registry {
         return std::make_unique<HeldRegistryKey>(log_, std::string(CutAtNul(path)), access,
                                                  std::move(key));
     }
+    bool Readable() override { return log_->registry->Readable(); }
     void BeginBatch() override {}
     bool EndBatch() override { return true; }
 

@@ -126,6 +126,13 @@ class PosixProfileService final : public ProfileService {
         return ReadProfile(HostPath(file)).status != FileRead::Status::Failed;
     }
 
+    std::size_t SectionCount(std::string_view file, std::string_view section) override {
+        if (depth_ > 0) return Load(file).document.SectionCount(section);
+        FileRead read = ReadProfile(HostPath(file));
+        if (read.status != FileRead::Status::Read) return 0;
+        return ProfileDocument(read.bytes).SectionCount(section);
+    }
+
     void BeginBatch() override { ++depth_; }
 
     bool EndBatch() override {

@@ -260,6 +260,14 @@ class FileRegistry final : public Registry {
                                                  access);
     }
 
+    // A missing store holds no keys; one that is there must be a registry file that can be read.
+    bool Readable() override {
+        const std::string store = StorePath();
+        const bool read = shared_->WithDocument(
+            store, [](const RegDocument* document) { return document != nullptr; });
+        return read || ReadRegularFile(store).status == FileRead::Status::Missing;
+    }
+
     void BeginBatch() override { shared_->Begin(); }
     bool EndBatch() override { return shared_->End(); }
 

@@ -291,6 +291,12 @@ void ProfileDocument::DropIndex() const {
     sectionNames_.clear();
 }
 
+std::size_t ProfileDocument::SectionCount(std::string_view section) const {
+    EnsureIndex();
+    auto found = sectionNames_.find(TrimBlanks(section));
+    return found == sectionNames_.end() ? 0 : found->second.count;
+}
+
 // The first section of the name (trimmed like the names in the file, so " WSX " finds
 // "[WSX]"), or kNoLine.
 std::size_t ProfileDocument::FindSection(std::string_view name) const {

@@ -43,6 +43,8 @@ class ProfileDocument {
     bool Set(std::string_view section, std::string_view key, std::string_view value);
     bool DeleteKey(std::string_view section, std::string_view key);
     bool DeleteSection(std::string_view section);
+    // How many sections carry the name; the first is the one every read and edit finds.
+    std::size_t SectionCount(std::string_view section) const;
 
     std::string Bytes() const;
 
