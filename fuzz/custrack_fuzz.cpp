@@ -1,7 +1,8 @@
 // "custrack.ini": the site's trays and racks and the tray selection. Properties: the tables
 // hold only well-formed slots; a loaded selection names a tray id and fills its
 // positions from the first; every fit is decided; names lead back to their ids; a selection
-// saved reads back as saved, and the save changes no section but the selection's.
+// saved reads back as saved, and the save changes no section but the selection's; a save
+// refused says why and changes nothing.
 //
 // Input: the file's bytes.
 #include <unistd.h>
@@ -92,12 +93,21 @@ void RequireOtherSectionsKept(std::string_view before, std::string_view after) {
     }
 }
 
-// Saves the selection as the working one and loads the file again.
-TrayLoadResult SaveAndReload(const TraySelection& selection) {
+// Saves the selection as the working one and loads the file again: the selection reads back,
+// or, when the save was refused (and said why), the file is as it was.
+void RequireSavedOrKept(const TraySelection& selection) {
+    const std::string before = FileBytes();
     RackTrays().WorkingTray = selection;
     const bool saved = SaveCurrentTray();
     Require(saved == platform::Failures().Take().empty(), "a failed save says why");
-    return LoadCurrentTray();
+    const TrayLoadResult reloaded = LoadCurrentTray();
+    if (!saved) {
+        Require(FileBytes() == before, "a refused save changes nothing");
+        return;
+    }
+    Require(reloaded.loaded && RackTrays().CurrentTray == selection,
+            "a saved selection reads back");
+    RequireOtherSectionsKept(before, FileBytes());
 }
 
 void Run(std::string_view bytes) {
@@ -120,16 +130,10 @@ void Run(std::string_view bytes) {
     RequireSelectionFormed(state, state.CurrentTray);
     if (loaded.defaultInstead) return;
 
-    const TraySelection kept = state.CurrentTray;
-    const TrayLoadResult again = SaveAndReload(kept);
-    Require(again.loaded && state.CurrentTray == kept, "the selection saved unchanged reads back");
-
+    RequireSavedOrKept(state.CurrentTray);
     TraySelection standard;
     SetDefaultTraySelection(standard);
-    const std::string before = FileBytes();
-    const TrayLoadResult changed = SaveAndReload(standard);
-    Require(changed.loaded && state.CurrentTray == standard, "a new selection reads back");
-    RequireOtherSectionsKept(before, FileBytes());
+    RequireSavedOrKept(standard);
 }
 
 }  // namespace
