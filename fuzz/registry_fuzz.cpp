@@ -114,8 +114,7 @@ void Run(std::string_view bytes, std::string_view program) {
 }  // namespace lumacfg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::vector<std::string_view> parts =
-        lumacfg::fuzz::SplitParts({reinterpret_cast<const char*>(data), size});
-    lumacfg::fuzz::Run(parts[0], parts.size() > 1 ? parts[1] : std::string_view{});
+    const auto [file, changes] = lumacfg::fuzz::SplitFileAndChanges(data, size);
+    lumacfg::fuzz::Run(file, changes);
     return 0;
 }

@@ -29,16 +29,7 @@ if dpkg -s lumacfg >/dev/null 2>&1; then
     exit 1
 fi
 
-tools=(dpkg-dev desktop-file-utils appstream lintian)
-missing=()
-for package in "${tools[@]}"; do
-    dpkg -s "$package" >/dev/null 2>&1 || missing+=("$package")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-    "${sudo_cmd[@]}" apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get install -y -qq --no-install-recommends \
-        "${missing[@]}" >/dev/null || exit 1
-fi
+scripts/install-packages.sh dpkg-dev desktop-file-utils appstream lintian || exit 1
 
 cmake --build "$build_dir" || exit 1
 rm -f "$build_dir"/lumacfg_*.deb
