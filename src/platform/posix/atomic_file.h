@@ -37,9 +37,9 @@ struct FileWrite {
 
 // Replaces the file with the bytes: a temporary file in the same directory, flushed, renamed
 // over the old one, keeping its permissions and owner. The temporary files that writers killed
-// before their rename left beside the file are removed first. A symbolic link to a regular file stays
-// a link and its target is replaced; a link to anything else, or to nothing, is refused. Where
-// the directory refuses a new file (no right to create one) but the file may be written, or
+// before their rename left beside the file are removed first. A symbolic link to a regular file
+// stays a link and its target is replaced; a link to anything else, or to nothing, is refused.
+// Where the directory refuses a new file (no right to create one) but the file may be written, or
 // where the file's owner cannot be given to a new file, the file is written in place only after
 // its new size has been reserved on the disk, so a full disk fails before a byte changes.
 // Where no temporary file can be made for any other reason (full disk, no free inode,
