@@ -513,7 +513,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"registry store is a link to itself", Swap(kStore, LinkToItself), 4, 4,
          {"read", kStore, "Too many levels of symbolic links"}, kAll},
         {"registry store without write permission", ReadOnlyFile(kStore), 0, 4,
-         {"write", kStore, "Permission denied"}, kAll},
+         {"write", kStore, "read-only file"}, kAll},
         {"registry store on a read-only mount", ReadOnlyMount(RegistryPath()), 0, 4,
          {"write", kStore, "Read-only file system"}, kAll},
 

@@ -100,7 +100,7 @@ TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
     ASSERT_EQ(::chmod(store_.c_str(), 0444), 0);  // refused even to the super-user
     EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::SetValue));
     EXPECT_EQ(Failures().Take(),
-              (std::vector<FileFailure>{{FileOperation::Write, store_, "Permission denied"}}));
+              (std::vector<FileFailure>{{FileOperation::Write, store_, "read-only file"}}));
     auto key = registry->OpenKey(kKey, RegistryAccess::Read);
     ASSERT_TRUE(key);
     EXPECT_EQ(key->QueryDword("HardWare"), 2u);

@@ -74,15 +74,13 @@ std::optional<RegDocument> ReadStore(const std::string& store) {
     return document;
 }
 
-// True when the store may be written; otherwise the reason is reported.
+// True when the store may be written; otherwise the reason is reported, in the words the
+// profile files get ("read-only file" for a file without write permission bits, which is refused
+// even to the super-user; the operating system's words where it refuses).
 bool CheckWritable(const std::string& store) {
-    if (MayWrite(store)) return true;
-    // The operating system's words where it refuses ("Read-only file system", "Permission
-    // denied"); a file without write permission bits is refused even to the super-user.
-    const char* reason =
-        ::access(store.c_str(), W_OK) != 0 ? std::strerror(errno) : std::strerror(EACCES);
-    Failures().Report(FileOperation::Write, store, reason);
-    return false;
+    const std::optional<std::string> problem = WriteProblem(store);
+    if (problem) Failures().Report(FileOperation::Write, store, *problem);
+    return !problem;
 }
 
 // One value set: what a batch keeps to replay at its end.
