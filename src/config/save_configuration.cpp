@@ -56,12 +56,16 @@ std::string JoinUsed(const std::array<Int16, N>& used) {
     return joined;
 }
 
-// True when an entry of a link or device table holds the number. The key of an empty entry is
-// deleted only when no other entry writes a key of that number: a table loaded from a list
-// edited by hand ("Links=2" puts link 2 in entry 0) must not lose the key it has just written.
+// Entry i of a link or device table: its key "<prefix>" + (i + 1) goes when no entry holds
+// that number. In a table whose entry i holds i + 1 or 0, as every table this program writes,
+// that is the key of each empty entry. A list edited by hand puts numbers in other entries
+// ("Links=2": link 2 in entry 0; "Links=x,1": link 1 in entry 1); then the keys of the numbers
+// listed stay, those of the numbers not listed go, and the next save finds nothing to change.
 template <std::size_t N>
-bool NumberInUse(const std::array<Int16, N>& used, int number) {
-    return std::find(used.begin(), used.end(), number) != used.end();
+void DeleteIfUnlisted(const std::array<Int16, N>& used, int i, std::string_view prefix) {
+    if (std::find(used.begin(), used.end(), i + 1) == used.end()) {
+        ProfileDelete(kLinks, std::string(prefix) + IntText(i + 1));
+    }
 }
 
 void SaveIdentityAndAutosampler(const ConfigRecord& record) {
@@ -86,11 +90,8 @@ void SaveInhibitedMasses(const ConfigRecord& record) {
 void SaveLinks() {
     ConfigRecord& record = Config();
     for (int i = 0; i < kLinkCount; ++i) {
-        if (record.LINK_USED[i] < 1) {
-            if (!NumberInUse(record.LINK_USED, i + 1))
-                ProfileDelete(kLinks, "Link" + IntText(i + 1));
-            continue;
-        }
+        DeleteIfUnlisted(record.LINK_USED, i, "Link");
+        if (record.LINK_USED[i] < 1) continue;
         ComposeLinkString(i);
         ProfileSet(kLinks, "Link" + IntText(record.LINK_USED[i]), record.LINK_STRING[i]);
     }
@@ -99,11 +100,8 @@ void SaveLinks() {
 
 void SaveDevices(const ConfigRecord& record) {
     for (int i = 0; i < kDeviceCount; ++i) {
-        if (record.DEVICE_USED[i] < 1) {
-            if (!NumberInUse(record.DEVICE_USED, i + 1))
-                ProfileDelete(kLinks, "Device" + IntText(i + 1));
-            continue;
-        }
+        DeleteIfUnlisted(record.DEVICE_USED, i, "Device");
+        if (record.DEVICE_USED[i] < 1) continue;
         ProfileSet(kLinks, "Device" + IntText(record.DEVICE_USED[i]),
                    IntText(record.DEVICE_LINK[i]) + "," + record.DEVICE_NAME[i]);
     }

@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <random>
+#include <sstream>
 
 #include "config/config_record.h"
 #include "config/load_configuration.h"
@@ -177,18 +178,37 @@ TEST_F(LoadSaveTest, SaveWritesEveryKeyInItsFormat) {
     EXPECT_EQ(Value("MAX_BOTTLE"), "53");  // tray and depths belong to type 5 only
 }
 
-// A list edited by hand puts a number in another entry than its own ("Links=2": link 2 in entry
-// 0): the key that entry writes is kept, whatever the empty entries delete, save after save.
-TEST_F(LoadSaveTest, HandEditedListsKeepTheirKeys) {
-    WriteStation("", "Links=2\r\nLink2=COM1,488\r\nDevices=3\r\nDevice3=2,V-AS\r\n");
-    for (int save = 1; save <= 2; ++save) {
-        SCOPED_TRACE(save);
-        LoadConfiguration();
-        SaveConfiguration();
-        EXPECT_EQ(Value("Links", "WSX_32"), "2");
-        EXPECT_EQ(Value("Link2", "WSX_32"), "COM1,488");
-        EXPECT_EQ(Value("Devices", "WSX_32"), "3");
-        EXPECT_EQ(Value("Device3", "WSX_32"), "2,V-AS");
+// A list edited by hand puts numbers in other entries than their own ("Links=2": link 2 in entry
+// 0): the keys of the numbers listed stay, those of the numbers not listed go, and the second
+// save changes nothing more.
+TEST_F(LoadSaveTest, HandEditedListsKeepTheKeysTheyList) {
+    struct Case {
+        std::string wsx32, links, devices, kept, gone;
+    };
+    const Case cases[] = {
+        {"Links=2\r\nLink2=COM1,488\r\nDevices=3\r\nDevice3=2,V-AS\r\n", "2", "3",
+         "Link2=COM1,488;Device3=2,V-AS", "Link1;Device1"},
+        {"Links=x,1\r\nLink1=gx40110,7\r\nLink2=COM1,488\r\n", "1", "", "Link1=gx40110,7", "Link2"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.wsx32);
+        WriteStation("", c.wsx32);
+        for (int save = 1; save <= 2; ++save) {
+            LoadConfiguration();
+            SaveConfiguration();
+            EXPECT_EQ(Value("Links", "WSX_32"), c.links);
+            if (!c.devices.empty()) {
+                EXPECT_EQ(Value("Devices", "WSX_32"), c.devices);
+            }
+            std::istringstream kept(c.kept), gone(c.gone);
+            for (std::string pair; std::getline(kept, pair, ';');) {
+                const std::size_t equals = pair.find('=');
+                EXPECT_EQ(Value(pair.substr(0, equals), "WSX_32"), pair.substr(equals + 1));
+            }
+            for (std::string key; std::getline(gone, key, ';');) {
+                EXPECT_EQ(Value(key, "WSX_32"), "<none>") << key;
+            }
+        }
     }
 }
 
