@@ -80,8 +80,20 @@ struct Probe {
     std::string section, key;
 };
 
+// Names as the document compares them: without their blanks, without regard to case.
 bool SameName(std::string_view a, std::string_view b) {
-    return AnsiEqualNoCase(a, b);
+    return AnsiEqualNoCase(TrimBlanks(a), TrimBlanks(b));
+}
+
+// The probe and the edits, for the report of a broken property.
+std::string Describe(const Probe& probe, const std::vector<Edit>& edits) {
+    std::string text = "probe [" + probe.section + "] " + probe.key + "; edits:";
+    for (const Edit& edit : edits) {
+        static constexpr const char* kKinds[] = {"set", "delete key", "delete section"};
+        text += std::string("\n  ") + kKinds[static_cast<int>(edit.kind)] + " [" + edit.section +
+                "] " + edit.key + "=" + edit.value;
+    }
+    return text;
 }
 
 void Run(std::string_view bytes, std::string_view program) {
@@ -125,7 +137,7 @@ void Run(std::string_view bytes, std::string_view program) {
         });
         if (plain && !touched) {
             Require(batch.Get(probe.section, probe.key) == original.Get(probe.section, probe.key),
-                    "a section no edit names keeps its values");
+                    "a section no edit names keeps its values", Describe(probe, edits));
         }
     }
 }
