@@ -278,6 +278,14 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
             text.replace(at, text.find('\n', at) + 1 - at, line);
         };
     };
+    // A tray selection for the save to write ("1000.0" reads as 1000 and is written back as
+    // "1000"), then the damage that must stop the write.
+    auto withSelectionToWrite = [&](Damage damage) -> Damage {
+        return [&, damage] {
+            Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
+            return damage();
+        };
+    };
     auto insertAfter = [](std::string key, std::string lines) {
         return [key, lines](std::string& text) {
             const std::size_t at = text.find("\n" + key) + 1;
@@ -575,22 +583,13 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
         {"custrack.ini is a link to nothing (no tray selection to keep)",
          Swap(kCustrack, LinkToNothing), 0, 0, {}, kAll},
         {"custrack.ini on a full disk with a selection to write",
-         [&] {
-             Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
-             return OnTmpfs("size=64k", Fill::kBytes)();
-         },
+         withSelectionToWrite(OnTmpfs("size=64k", Fill::kBytes)),
          0, 4, {"write", kCustrack, noSpace}, kAll},
         {"custrack.ini on a read-only mount with a selection to write",
-         [&] {
-             Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
-             return ReadOnlyMount(PathOf(kCustrack))();
-         },
+         withSelectionToWrite(ReadOnlyMount(PathOf(kCustrack))),
          0, 4, {"write", kCustrack, "Read-only file system"}, kAll},
         {"custrack.ini without write permission and a selection to write",
-         [&] {
-             Edit(kCustrack, replaceLine("RACK1_ID=", "RACK1_ID=1000.0\r\n"))();
-             return ReadOnlyFile(kCustrack)();
-         },
+         withSelectionToWrite(ReadOnlyFile(kCustrack)),
          0, 4, {"write", kCustrack, "read-only file"}, kAll},
 
         // The run type: the QC mode's file copied over the program directory's.
