@@ -76,21 +76,20 @@ void RequireSelectionFormed(const RackTrayState& state, const TraySelection& sel
         (void)FitOnTray(state, tray, *rack);
 }
 
-// Every section other than "[CURRENT]" reads the same in both texts, key by key.
+// Every section other than "[CURRENT]" reads the same in both texts, key by key (sections and
+// keys as the profile document reads them).
 void RequireOtherSectionsKept(std::string_view before, std::string_view after) {
-    std::string section;
-    for (const TextLine& line : SplitLines(before)) {
-        const std::string_view text = TrimBlanks(line.content);
-        if (!text.empty() && text.front() == '[' && text.find(']') != std::string_view::npos) {
-            section = text.substr(1, text.find(']') - 1);
-        } else if (std::size_t equals = text.find('=');
-                   equals != std::string_view::npos && !AnsiEqualNoCase(section, "CURRENT")) {
-            const std::string_view key = TrimBlanks(text.substr(0, equals));
-            Require(platform::posix::LookUpProfileValue(before, section, key) ==
-                        platform::posix::LookUpProfileValue(after, section, key),
-                    "saving the selection changes no other section");
-        }
-    }
+    platform::posix::ScanProfile(
+        before,
+        [&](std::string_view section, std::optional<std::string_view> key, std::string_view) {
+            if (!key || AnsiEqualNoCase(section, "CURRENT")) return true;
+            const auto was = platform::posix::LookUpProfileValue(before, section, *key);
+            const auto is = platform::posix::LookUpProfileValue(after, section, *key);
+            Require(was == is, "saving the selection changes no other section",
+                    "[" + std::string(section) + "] " + std::string(*key) + ": " +
+                        was.value_or("(none)") + " -> " + is.value_or("(none)"));
+            return true;
+        });
 }
 
 // Saves the selection as the working one and loads the file again: the selection reads back,

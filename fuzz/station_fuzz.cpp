@@ -26,6 +26,7 @@
 #include "config/config_record.h"
 #include "config/configuration_id.h"
 #include "fuzz_support.h"
+#include "platform/posix/profile_document.h"
 #include "platform/services.h"
 
 namespace lumacfg::fuzz {
@@ -118,35 +119,24 @@ std::string ChangedFiles(const Files& a, const Files& b) {
     return changed;
 }
 
-// The text of a profile file as lines of single bytes: a UTF-16 file (by its byte-order mark)
-// with each character's low byte, enough to compare its ASCII names.
-std::string NarrowText(std::string_view bytes) {
-    if (bytes.size() < 2 || !((bytes[0] == '\xFF' && bytes[1] == '\xFE') ||
-                              (bytes[0] == '\xFE' && bytes[1] == '\xFF'))) {
-        return std::string(bytes);
-    }
-    const std::size_t low = bytes[0] == '\xFF' ? 2 : 3;
-    std::string text;
-    for (std::size_t i = low; i < bytes.size(); i += 2) text += bytes[i];
-    return text;
-}
-
-// True when a section name, or a key name within a section, stands twice in a file. Deleting
-// such a key removes its first line only, as the data system's own profile service does, so
-// every save of such a station may remove one more copy and the next load may read another.
+// True when a section name, or a key name within a section, stands twice in a file (names as
+// the profile document reads them). Deleting such a key removes its first line only, as the
+// data system's own profile service does, so every save of such a station may remove one more
+// copy and the next load may read another.
 bool HasRepeatedNames(std::string_view bytes) {
     std::set<std::string> sections, keys;
-    for (const TextLine& line : SplitLines(NarrowText(bytes))) {
-        const std::string_view text = TrimBlanks(line.content);
-        const std::size_t close = text.find(']');
-        if (!text.empty() && text.front() == '[' && close != std::string_view::npos) {
-            if (!sections.insert(AnsiUpper(text.substr(1, close - 1))).second) return true;
-            keys.clear();
-        } else if (const std::size_t equals = text.find('='); equals != std::string_view::npos) {
-            if (!keys.insert(AnsiUpper(TrimBlanks(text.substr(0, equals)))).second) return true;
-        }
-    }
-    return false;
+    bool repeated = false;
+    platform::posix::ScanProfile(
+        bytes, [&](std::string_view section, std::optional<std::string_view> key, auto) {
+            if (!key) {
+                keys.clear();
+                repeated = !sections.insert(AnsiUpper(section)).second;
+            } else {
+                repeated = !keys.insert(AnsiUpper(*key)).second;
+            }
+            return !repeated;
+        });
+    return repeated;
 }
 
 // True when the link and device tables that `show` prints hold each number in its own entry

@@ -496,8 +496,7 @@ std::string ProfileDocument::Bytes() const {
     return bytes + trailer_;
 }
 
-std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::string_view section,
-                                              std::string_view key) {
+void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit) {
     std::string decoded;  // UTF-16 files are read as the Windows-1252 text the document holds
     if (bytes.starts_with(kUtf8Mark)) {
         bytes.remove_prefix(kUtf8Mark.size());
@@ -506,21 +505,32 @@ std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::strin
         decoded = DecodeUtf16(units, 0, units.size());
         bytes = decoded;
     }
+    std::string_view section;
+    SplitUnits(bytes, bytes.size(), [&](std::size_t begin, std::size_t end, int) {
+        std::string_view line = bytes.substr(begin, end - begin);
+        if (auto name = HeaderName(line)) {
+            section = *name;
+            return visit(section, std::nullopt, {});
+        }
+        if (auto key = KeyName(line)) return visit(section, *key, ValueOf(line));
+        return true;
+    });
+}
+
+std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::string_view section,
+                                              std::string_view key) {
     section = TrimBlanks(section);
     key = TrimBlanks(key);
     bool inSection = false;
     std::optional<std::string> value;
-    SplitUnits(bytes, bytes.size(), [&](std::size_t begin, std::size_t end, int) {
-        std::string_view line = bytes.substr(begin, end - begin);
-        if (auto name = HeaderName(line)) {
+    ScanProfile(bytes, [&](std::string_view lineSection, std::optional<std::string_view> lineKey,
+                           std::string_view lineValue) {
+        if (!lineKey) {
             if (inSection) return false;  // only the first section of the name counts
-            inSection = SameTextIgnoringCase(*name, section);
-        } else if (inSection) {
-            auto name = KeyName(line);
-            if (name && SameTextIgnoringCase(*name, key)) {
-                value = ValueOf(line);
-                return false;
-            }
+            inSection = SameTextIgnoringCase(lineSection, section);
+        } else if (inSection && SameTextIgnoringCase(*lineKey, key)) {
+            value = lineValue;
+            return false;
         }
         return true;
     });

@@ -15,6 +15,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -127,6 +128,13 @@ class ProfileDocument {
     mutable std::size_t lastSection_ = kNoLine;
     mutable NameIndex sectionNames_;
 };
+
+// One pass over a profile file's lines as the document reads them: a header line gives its
+// section's name and no key, a key line its section, key and value (quotes removed); other
+// lines are skipped. The pass ends where visit returns false.
+using ProfileLineVisitor = std::function<bool(
+    std::string_view section, std::optional<std::string_view> key, std::string_view value)>;
+void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit);
 
 // The value ProfileDocument(bytes).Get(section, key) gives, found by one pass over the bytes
 // without building the document: the read of a file outside a save.
