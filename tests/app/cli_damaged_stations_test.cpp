@@ -296,40 +296,39 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
     const std::string rack1InUtf16 = Utf16("\r\nRACK1_ID=1000\r\n", false, false);
     const char* const noSpace = "No space left on device";
     const char* const notRegistry = "not a registry file";
+    const char* const notText = "not text: a NUL byte at byte";
 
     const DamagedStation rows[] = {
-        // The station profile cut short, or not text at all: read as the profile service reads
-        // any bytes; what is missing is completed after what is there.
+        // The station profile cut short: what is missing is completed after what is there. Bytes
+        // that are not text (a NUL byte, which no profile service writes) are named and kept.
         {"lumagen.ist cut in the middle of a line", Edit(kStation, cutAt("DEAxes=", 8)), 0, 0,
          {}, kAll & ~kStation & ~kStore, kStation},
         {"lumagen.ist cut in a section header", Edit(kStation, cutAt("[WSX,1]", 4)), 0, 0, {},
          kAll & ~kStation & ~kStore, kStation},
         {"lumagen.ist of 0 bytes (a new station)", Replace(kStation, ""), 0, 0, {},
          kAll & ~kStation & ~kStore, kStation},
-        {"lumagen.ist of random bytes", Replace(kStation, RandomBytes(4096, 7)), 0, 0, {},
-         kAll & ~kStation & ~kStore, kStation},
+        {"lumagen.ist of random bytes", Replace(kStation, RandomBytes(4096, 7)), 4, 4,
+         {"read", kStation, notText}, kAll},
         {"lumagen.ist with NULs inside its lines",
-         Edit(kStation, replaceLine("DETitle=", std::string("DETitle=0\0 255\0 255\r\n", 22))), 0,
-         0, {}, kAll & ~kStation & ~kStore, kStation},
+         Edit(kStation, replaceLine("DETitle=", std::string("DETitle=0\0 255\0 255\r\n", 22))), 4,
+         4, {"read", kStation, notText}, kAll},
         {"lumagen.ist that is a ZIP archive",
-         Replace(kStation, "PK\x03\x04\x14\0\0\0" + RandomBytes(200, 3)), 0, 0, {},
-         kAll & ~kStation & ~kStore, kStation},
+         Replace(kStation, "PK\x03\x04\x14\0\0\0" + RandomBytes(200, 3)), 4, 4,
+         {"read", kStation, notText}, kAll},
         {"lumagen.ist that is an ELF program",
          Replace(kStation, std::string("\x7F" "ELF\x02\x01\x01\0\0\0\0\0\0\0\0\0", 16) +
                                RandomBytes(300, 5)),
-         0, 0, {}, kAll & ~kStation & ~kStore, kStation},
+         4, 4, {"read", kStation, notText}, kAll},
 
         // Encodings and line ends: read as the profile service reads them.
         {"lumagen.ist in UTF-16LE with its mark", Replace(kStation, Utf16(station, false, true)),
          0, 0, {}, kAll, 0, 0, "", true},
         {"lumagen.ist in UTF-16BE with its mark", Replace(kStation, Utf16(station, true, true)), 0,
          0, {}, kAll, 0, 0, "", true},
-        {"lumagen.ist in UTF-16LE without a mark (read as ANSI)",
-         Replace(kStation, Utf16(station, false, false)), 0, 0, {}, kAll & ~kStation & ~kStore,
-         kStation},
-        {"lumagen.ist in UTF-16BE without a mark (read as ANSI)",
-         Replace(kStation, Utf16(station, true, false)), 0, 0, {}, kAll & ~kStation & ~kStore,
-         kStation},
+        {"lumagen.ist in UTF-16LE without a mark",
+         Replace(kStation, Utf16(station, false, false)), 4, 4, {"read", kStation, notText}, kAll},
+        {"lumagen.ist in UTF-16BE without a mark",
+         Replace(kStation, Utf16(station, true, false)), 4, 4, {"read", kStation, notText}, kAll},
         {"lumagen.ist in UTF-16 with an odd number of bytes",
          Replace(kStation, Utf16(station, false, true) + "A"), 4, 4,
          {"read", kStation, "UTF-16 text with an odd number of bytes"}, kAll},
@@ -621,7 +620,7 @@ TEST_F(DamagedStationTest, EveryDamageIsNamedOrReadAndNothingStoredIsLost) {
          Edit(kQcRunType, [](std::string& text) { text = Utf16(text, false, true) + "A"; }), 0, 4,
          {"read", kQcRunType, "UTF-16 text with an odd number of bytes"}, kAll},
         {"the QC mode's runtype.ini of random bytes", Replace(kQcRunType, RandomBytes(1000, 13)),
-         0, 0, {}, kAll & ~kRunType},
+         0, 4, {"read", kQcRunType, notText}, kAll},
         {"the QC mode's runtype.ini missing (its copy is kept)",
          Just([this] { fs::remove(PathOf(kQcRunType)); }), 0, 0, {}, kAll},
 

@@ -77,8 +77,9 @@ TEST_F(HelpTest, TheHelpFileIsNamedByTheDataSystemsStationProfile) {
              "C:\\Help\\guide.chm"},
             {Root(), "_HELPPATH$=\r\n_HELPFILE$=guide.HLP\r\n", "guide.HLP"},
             {Root(), "_HELPPATH$=ERR\r\n_HELPFILE$=ERR\r\n", "luma-ms.chm"},
+            // A station profile holding a NUL byte is not text: it is named and not read.
             {Root(), "_HELPPATH$=D:\\H" + std::string(1, '\0') + "x\r\n_HELPFILE$=a.chm\r\n",
-             "D:\\H\\a.chm"},
+             "luma-ms.chm"},
             // Another installation directory: no settings file there.
             {Root() + "\\\\Other", "_HELPPATH$=C:\\Help\r\n", "luma-ms.chm"},
             {std::nullopt, "_HELPFILE$=guide.chm\r\n", std::nullopt},

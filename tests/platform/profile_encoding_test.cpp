@@ -84,6 +84,9 @@ TEST(ProfileEncodingTest, Utf16ThatWindowsCouldNotHaveWrittenIsReportedAndKept) 
         {
             {"[S]\r\nk=1", std::nullopt, "1"},
             {"\xEF\xBB\xBF[S]\nk=1", std::nullopt, "1"},
+            {"[S]\nk=1\0"s, "not text: a NUL byte at byte 7", "1\0"s},
+            {Utf16File(u"[S]\nk=1", false).substr(2), "not text: a NUL byte at byte 1",
+             std::nullopt},
             {"\xFF\xFE", std::nullopt, std::nullopt},
             {Utf16File(u"[S]\nk=1", false), std::nullopt, "1"},
             {Utf16File(u"[S]\rk=\U0001F600", true), std::nullopt, "?"},

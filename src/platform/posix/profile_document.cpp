@@ -187,7 +187,11 @@ ProfileDocument::ProfileDocument(std::string_view bytes) {
 // The decisions for UTF-16 text that Windows could not have written: see the header.
 std::optional<std::string> ProfileDocument::Problem(std::string_view bytes) {
     bool bigEndian = bytes.starts_with(kUtf16BeMark);
-    if (!bigEndian && !bytes.starts_with(kUtf16LeMark)) return std::nullopt;
+    if (!bigEndian && !bytes.starts_with(kUtf16LeMark)) {
+        const std::size_t nul = bytes.find('\0');
+        if (nul == std::string_view::npos) return std::nullopt;
+        return "not text: a NUL byte at byte " + std::to_string(nul);
+    }
     bytes.remove_prefix(2);
     if (bytes.size() % 2 != 0) return "UTF-16 text with an odd number of bytes";
     Utf16Units units(bytes, bigEndian);

@@ -29,12 +29,15 @@ class ProfileDocument {
     ProfileDocument() = default;
     explicit ProfileDocument(std::string_view bytes);
 
-    // Why bytes cannot be read as a profile file, or nullopt when they can. Only UTF-16 text
-    // can fail: an odd number of bytes, or a surrogate without its other half. A document
-    // built from such bytes never fails: it reads what it can (an unpaired surrogate reads as
-    // "?"; the odd last byte is no character and is kept after the last line), and gives the
-    // bytes back unchanged while nothing is edited. But a file with a problem must not be
-    // replaced by what an edited document writes: what it could not read would be lost.
+    // Why bytes cannot be read as a profile file, or nullopt when they can. UTF-16 text fails
+    // on an odd number of bytes or a surrogate without its other half; other text on a NUL
+    // byte, which no profile service writes: such a file is binary data (an archive, a
+    // program, UTF-16 without its byte-order mark), and a station written into it would be
+    // read by nobody. A document built from such bytes never fails: it reads what it can (an
+    // unpaired surrogate reads as "?"; the odd last byte is no character and is kept after
+    // the last line), and gives the bytes back unchanged while nothing is edited. But a file
+    // with a problem must not be replaced by what an edited document writes: what it could
+    // not read would be lost or buried.
     static std::optional<std::string> Problem(std::string_view bytes);
 
     // The value of key in the first section of that name (quotes of a quoted value removed).
