@@ -11,6 +11,8 @@
 #include <cstring>
 #include <vector>
 
+#include "platform/posix/profile_document.h"
+
 namespace lumacfg::platform::posix {
 namespace {
 
@@ -254,6 +256,15 @@ FileRead ReadRegularFile(const std::string& hostPath) {
         bytes.append(chunk.data(), static_cast<std::size_t>(got));
     }
     return {FileRead::Status::Read, std::move(bytes), {}};
+}
+
+FileRead ReadTextFile(const std::string& hostPath) {
+    FileRead read = ReadRegularFile(hostPath);
+    if (read.status != FileRead::Status::Read) return read;
+    if (std::optional<std::string> problem = ProfileDocument::Problem(read.bytes)) {
+        return {FileRead::Status::Failed, {}, std::move(*problem)};
+    }
+    return read;
 }
 
 bool HostPathExists(const std::string& hostPath) {

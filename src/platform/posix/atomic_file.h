@@ -18,6 +18,11 @@ struct FileRead {
 // at once and without blocking.
 FileRead ReadRegularFile(const std::string& hostPath);
 
+// A regular file that holds the data system's text (a profile file, the registry store):
+// ReadRegularFile, and Failed with the reason when its bytes cannot be read as such text
+// (ProfileDocument::Problem), so that no write buries what could not be read.
+FileRead ReadTextFile(const std::string& hostPath);
+
 // True when something (file, directory, link) is at the path.
 bool HostPathExists(const std::string& hostPath);
 

@@ -28,12 +28,7 @@ ProfileRead Truncated(std::string text, std::size_t size) {
 // Reads a file as a profile; a file that is there but cannot be read, or whose text cannot be
 // decoded (so that writing it back would lose what could not be read), is reported.
 FileRead ReadProfile(const std::string& host) {
-    FileRead read = ReadRegularFile(host);
-    if (read.status == FileRead::Status::Read) {
-        if (std::optional<std::string> problem = ProfileDocument::Problem(read.bytes)) {
-            read = {FileRead::Status::Failed, {}, std::move(*problem)};
-        }
-    }
+    FileRead read = ReadTextFile(host);
     if (read.status == FileRead::Status::Failed) {
         Failures().Report(FileOperation::Read, host, read.reason);
     }

@@ -59,7 +59,7 @@ class StoreLock {
 // The store as a document; nothing when it is missing, cannot be read or is no registry file
 // (the last two reported).
 std::optional<RegDocument> ReadStore(const std::string& store) {
-    FileRead read = ReadRegularFile(store);
+    FileRead read = ReadTextFile(store);
     if (read.status == FileRead::Status::Failed) {
         Failures().Report(FileOperation::Read, store, read.reason);
     }
