@@ -79,17 +79,16 @@ void RequireSelectionFormed(const RackTrayState& state, const TraySelection& sel
 // Every section other than "[CURRENT]" reads the same in both texts, key by key (sections and
 // keys as the profile document reads them).
 void RequireOtherSectionsKept(std::string_view before, std::string_view after) {
-    platform::posix::ScanProfile(
-        before,
-        [&](std::string_view section, std::optional<std::string_view> key, std::string_view) {
-            if (!key || AnsiEqualNoCase(section, "CURRENT")) return true;
-            const auto was = platform::posix::LookUpProfileValue(before, section, *key);
-            const auto is = platform::posix::LookUpProfileValue(after, section, *key);
-            Require(was == is, "saving the selection changes no other section",
-                    "[" + std::string(section) + "] " + std::string(*key) + ": " +
-                        was.value_or("(none)") + " -> " + is.value_or("(none)"));
-            return true;
-        });
+    platform::posix::ScanProfile(before, [&](const platform::posix::ProfileLine& line) {
+        const std::optional<std::string_view> key = line.Key();
+        if (!key || AnsiEqualNoCase(line.section, "CURRENT")) return true;
+        const auto was = platform::posix::LookUpProfileValue(before, line.section, *key);
+        const auto is = platform::posix::LookUpProfileValue(after, line.section, *key);
+        Require(was == is, "saving the selection changes no other section",
+                "[" + std::string(line.section) + "] " + std::string(*key) + ": " +
+                    was.value_or("(none)") + " -> " + is.value_or("(none)"));
+        return true;
+    });
 }
 
 // Saves the selection as the working one and loads the file again: the selection reads back,

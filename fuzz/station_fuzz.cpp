@@ -126,16 +126,15 @@ std::string ChangedFiles(const Files& a, const Files& b) {
 bool HasRepeatedNames(std::string_view bytes) {
     std::set<std::string> sections, keys;
     bool repeated = false;
-    platform::posix::ScanProfile(
-        bytes, [&](std::string_view section, std::optional<std::string_view> key, auto) {
-            if (!key) {
-                keys.clear();
-                repeated = !sections.insert(AnsiUpper(section)).second;
-            } else {
-                repeated = !keys.insert(AnsiUpper(*key)).second;
-            }
-            return !repeated;
-        });
+    platform::posix::ScanProfile(bytes, [&](const platform::posix::ProfileLine& line) {
+        if (line.header) {
+            keys.clear();
+            repeated = !sections.insert(AnsiUpper(line.section)).second;
+        } else if (const std::optional<std::string_view> key = line.Key()) {
+            repeated = !keys.insert(AnsiUpper(*key)).second;
+        }
+        return !repeated;
+    });
     return repeated;
 }
 

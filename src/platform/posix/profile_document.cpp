@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "base/text.h"
 
@@ -500,7 +501,20 @@ std::string ProfileDocument::Bytes() const {
     return bytes + trailer_;
 }
 
-void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit) {
+std::optional<std::string_view> ProfileLine::Key() const {
+    if (header) return std::nullopt;
+    return KeyName(text);
+}
+
+std::string_view ProfileLine::Value() const {
+    return ValueOf(text);
+}
+
+namespace {
+
+// The pass of ScanProfile, inlined into the one-pass lookup.
+template <typename Visit>
+void ScanLines(std::string_view bytes, Visit&& visit) {
     std::string decoded;  // UTF-16 files are read as the Windows-1252 text the document holds
     if (bytes.starts_with(kUtf8Mark)) {
         bytes.remove_prefix(kUtf8Mark.size());
@@ -509,16 +523,20 @@ void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit) {
         decoded = DecodeUtf16(units, 0, units.size());
         bytes = decoded;
     }
-    std::string_view section;
+    ProfileLine line;
     SplitUnits(bytes, bytes.size(), [&](std::size_t begin, std::size_t end, int) {
-        std::string_view line = bytes.substr(begin, end - begin);
-        if (auto name = HeaderName(line)) {
-            section = *name;
-            return visit(section, std::nullopt, {});
-        }
-        if (auto key = KeyName(line)) return visit(section, *key, ValueOf(line));
-        return true;
+        line.text = bytes.substr(begin, end - begin);
+        const std::optional<std::string_view> name = HeaderName(line.text);
+        line.header = name.has_value();
+        if (name) line.section = *name;
+        return visit(std::as_const(line));
     });
+}
+
+}  // namespace
+
+void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit) {
+    ScanLines(bytes, visit);
 }
 
 std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::string_view section,
@@ -527,14 +545,16 @@ std::optional<std::string> LookUpProfileValue(std::string_view bytes, std::strin
     key = TrimBlanks(key);
     bool inSection = false;
     std::optional<std::string> value;
-    ScanProfile(bytes, [&](std::string_view lineSection, std::optional<std::string_view> lineKey,
-                           std::string_view lineValue) {
-        if (!lineKey) {
+    ScanLines(bytes, [&](const ProfileLine& line) {
+        if (line.header) {
             if (inSection) return false;  // only the first section of the name counts
-            inSection = SameTextIgnoringCase(lineSection, section);
-        } else if (inSection && SameTextIgnoringCase(*lineKey, key)) {
-            value = lineValue;
-            return false;
+            inSection = SameTextIgnoringCase(line.section, section);
+        } else if (inSection) {
+            const std::optional<std::string_view> name = line.Key();
+            if (name && SameTextIgnoringCase(*name, key)) {
+                value = line.Value();
+                return false;
+            }
         }
         return true;
     });

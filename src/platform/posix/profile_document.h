@@ -132,11 +132,21 @@ class ProfileDocument {
     mutable NameIndex sectionNames_;
 };
 
-// One pass over a profile file's lines as the document reads them: a header line gives its
-// section's name and no key, a key line its section, key and value (quotes removed); other
-// lines are skipped. The pass ends where visit returns false.
-using ProfileLineVisitor = std::function<bool(
-    std::string_view section, std::optional<std::string_view> key, std::string_view value)>;
+// A line of a profile file as the document reads it, met in one pass over the file.
+struct ProfileLine {
+    std::string_view text;     // the line, without its ending
+    std::string_view section;  // the name of the section the line opens or stands in
+    bool header = false;       // the line opens the section
+
+    // The key of a line that holds a "=" (not a header), or nullopt.
+    std::optional<std::string_view> Key() const;
+    // The value of a key line, its quotes removed.
+    std::string_view Value() const;
+};
+
+// One pass over a profile file's lines, in the file's encoding decoded as the document decodes
+// it; the pass ends where visit returns false.
+using ProfileLineVisitor = std::function<bool(const ProfileLine& line)>;
 void ScanProfile(std::string_view bytes, const ProfileLineVisitor& visit);
 
 // The value ProfileDocument(bytes).Get(section, key) gives, found by one pass over the bytes
