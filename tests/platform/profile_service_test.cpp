@@ -1,5 +1,4 @@
 // The profile service on real files: reads, writes, batches and permissions.
-#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,12 +13,14 @@
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
+#include "support/directory_watch.h"
 #include "support/temp_dir.h"
 
 namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::DirectoryWatch;
 using support::TempDir;
 using support::WriteBytes;
 
@@ -84,47 +85,6 @@ TEST_F(ProfileServiceTest, ReadOnlyFileRefusesChangesButNotNonChanges) {
         EXPECT_EQ(Names(), std::vector<std::string>{"ro.ini"});
     }
 }
-
-// What happens in a directory, in order: "open NAME" for each file opened to be read ("open ."
-// for the directory itself), "write NAME" for each file replaced. Temporary files
-// (".NAME.XXXXXX") are left out.
-class DirectoryWatch {
-  public:
-    explicit DirectoryWatch(const fs::path& dir) : fd_(::inotify_init1(IN_NONBLOCK)) {
-        ::inotify_add_watch(fd_, dir.c_str(), IN_OPEN | IN_MOVED_TO);
-    }
-    ~DirectoryWatch() { ::close(fd_); }
-    DirectoryWatch(const DirectoryWatch&) = delete;
-    DirectoryWatch& operator=(const DirectoryWatch&) = delete;
-
-    // Puts a mark after what has happened so far.
-    void Mark(const std::string& mark) {
-        Drain();
-        events_.push_back(mark);
-    }
-    const std::vector<std::string>& Events() {
-        Drain();
-        return events_;
-    }
-
-  private:
-    void Drain() {
-        alignas(inotify_event) char buffer[8192];
-        for (ssize_t got; (got = ::read(fd_, buffer, sizeof buffer)) > 0;) {
-            for (char* p = buffer; p < buffer + got;) {
-                auto* event = reinterpret_cast<inotify_event*>(p);
-                const std::string name = event->len > 0 ? event->name : ".";
-                if (name == "." || name[0] != '.') {
-                    events_.push_back(((event->mask & IN_OPEN) ? "open " : "write ") + name);
-                }
-                p += sizeof(inotify_event) + event->len;
-            }
-        }
-    }
-
-    int fd_;
-    std::vector<std::string> events_;
-};
 
 // In a batch each file is looked up and read once; each changed file is written once at the
 // outermost end, in the order it was first changed, a refused one not stopping the rest.

@@ -1,11 +1,11 @@
 // The machine-wide registry store on disk: keys opened on it, failures reported, batches.
-#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -15,6 +15,7 @@
 #include "platform/posix/backends.h"
 #include "platform/posix/reg_document.h"
 #include "platform/services.h"
+#include "support/directory_watch.h"
 #include "support/scoped_env.h"
 #include "support/temp_dir.h"
 
@@ -22,6 +23,7 @@ namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::DirectoryWatch;
 using support::ReadBytes;
 using support::ScopedEnv;
 using support::TempDir;
@@ -97,23 +99,6 @@ TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
     EXPECT_TRUE(Failures().Take().empty());  // a missing key or store is no file failure
 }
 
-// How often a file of `dir` was renamed into place while `body` ran.
-template <typename Body>
-int ReplacementsIn(const fs::path& dir, Body body) {
-    int watch = ::inotify_init1(IN_NONBLOCK);
-    ::inotify_add_watch(watch, dir.c_str(), IN_MOVED_TO);
-    body();
-    int count = 0;
-    alignas(inotify_event) char buffer[4096];
-    for (ssize_t got; (got = ::read(watch, buffer, sizeof buffer)) > 0;) {
-        for (char* p = buffer; p < buffer + got; ++count) {
-            p += sizeof(inotify_event) + reinterpret_cast<inotify_event*>(p)->len;
-        }
-    }
-    ::close(watch);
-    return count;
-}
-
 // The registry values a save sets, each through a key opened for it, as the save opens them.
 void SetSaveValues(Registry& registry) {
     auto set = [&](const char* key, std::function<bool(RegistryKey&)> edit) {
@@ -136,19 +121,19 @@ TEST_F(RegistryStoreTest, BatchWritesOnceWithTheBytesOfOneByOneSets) {
     WriteBytes(store_, kStore);
 
     auto registry = MakeRegistry();
-    int replacements = ReplacementsIn(dir_, [&] {
-        registry->BeginBatch();
-        registry->BeginBatch();  // nested: only the outermost end writes
-        SetSaveValues(*registry);
-        auto key = registry->OpenKey(kKey, RegistryAccess::Read);
-        ASSERT_TRUE(key);
-        EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);  // the batch's values
-        EXPECT_EQ(key->QueryString("VLT_LCD"), "D:\\VLT");
-        EXPECT_TRUE(registry->EndBatch());
-        EXPECT_EQ(Bytes(), kStore);
-        EXPECT_TRUE(registry->EndBatch());
-    });
-    EXPECT_EQ(replacements, 1);
+    DirectoryWatch watch(dir_);
+    registry->BeginBatch();
+    registry->BeginBatch();  // nested: only the outermost end writes
+    SetSaveValues(*registry);
+    auto key = registry->OpenKey(kKey, RegistryAccess::Read);
+    ASSERT_TRUE(key);
+    EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);  // the batch's values
+    EXPECT_EQ(key->QueryString("VLT_LCD"), "D:\\VLT");
+    EXPECT_TRUE(registry->EndBatch());
+    EXPECT_EQ(Bytes(), kStore);
+    EXPECT_TRUE(registry->EndBatch());
+    const std::vector<std::string>& events = watch.Events();
+    EXPECT_EQ(std::count(events.begin(), events.end(), "write registry.reg"), 1);
     EXPECT_EQ(Bytes(), oneByOne);
     EXPECT_TRUE(Failures().Take().empty());
 }
