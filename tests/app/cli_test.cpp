@@ -1,12 +1,10 @@
 // The headless front end run as a program on a temporary station.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <vector>
 
 #include "platform/posix/backends.h"
 #include "support/cli_runner.h"
-#include "support/scoped_mount.h"
 #include "support/temp_station.h"
 
 namespace lumacfg {
@@ -86,30 +84,6 @@ TEST_F(CliTest, ProfileGetSetAndDeleteThroughTheEngine) {
     }
     EXPECT_EQ(ReadBytes(dir / "RunType.ini"), "[QC]\nSpeed=high value\n\n[New]\nK=C:\\DATA\\\n");
     EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1);
-}
-
-// The profile commands name a file they cannot read or write and exit 4; a deletion of what is
-// not there writes nothing, so a read-only file system does not refuse it.
-TEST_F(CliTest, ProfileCommandsNameAFileTheyCannotReadOrWrite) {
-    const std::string profile = (ProgramDir() / "site.ini").string();
-    const std::string fifo = (root_ / "fifo").string();
-    WriteBytes(profile, "[S]\r\nK=1\r\n");
-    ASSERT_EQ(::mkfifo(fifo.c_str(), 0644), 0);
-    support::ScopedMount readOnly = support::ScopedMount::ReadOnly(ProgramDir());
-    if (!readOnly.Ok()) GTEST_SKIP() << readOnly.Error();
-    const std::pair<std::vector<std::string>, std::string> cases[] = {
-        {{"profile", "set", profile, "S", "K", "2"},
-         "lumacfg-cli: cannot write " + profile + ": Read-only file system\n"},
-        {{"profile", "delete", profile, "S", "NONE"}, ""},
-        {{"profile", "get", fifo, "S", "K"},
-         "lumacfg-cli: cannot read " + fifo + ": not a regular file (a FIFO)\n"},
-    };
-    for (const auto& [args, err] : cases) {
-        const CliResult outcome = Run(args);
-        EXPECT_EQ(outcome.exit, err.empty() ? 0 : 4) << args[1];
-        EXPECT_EQ(outcome.err, err) << args[1];
-    }
-    EXPECT_EQ(ReadBytes(profile), "[S]\r\nK=1\r\n");
 }
 
 }  // namespace

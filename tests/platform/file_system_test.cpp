@@ -1,16 +1,10 @@
-// Data-system paths on the host: separators, case-insensitive lookup, program directory; the
-// file service's failures.
-#include <sys/stat.h>
+// Data-system paths on the host: separators, case-insensitive lookup, program directory.
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <functional>
-#include <memory>
 #include <string>
-#include <tuple>
-#include <vector>
 
 #include "platform/file_system.h"
 #include "platform/posix/backends.h"
@@ -22,7 +16,6 @@ namespace lumacfg::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using support::ReadBytes;
 using support::ScopedEnv;
 using support::TempDir;
 using support::WriteBytes;
@@ -61,43 +54,6 @@ TEST_F(FileSystemTest, BackslashesAndCaseAreResolved) {
     EXPECT_EQ(HostPath("luma\\lumaexe\\LUMAGEN.IST"), "Luma/LUMAEXE/lumagen.ist");
     EXPECT_EQ(HostPath("absent.ini"), "absent.ini");
     ASSERT_EQ(::chdir(cwd.c_str()), 0);
-}
-
-// The file service reports what it cannot read or write, with the path on the disk; a missing
-// file read is the caller's business.
-TEST_F(FileSystemTest, FileFailuresAreReported) {
-    std::unique_ptr<FileSystem> files = posix::MakeFileSystem();
-    const std::string dir = root_ + "/Luma/LUMAEXE/";
-    ASSERT_EQ(::chmod((dir + "lumagen.ist").c_str(), 0444), 0);
-    ASSERT_EQ(::mkfifo((dir + "pipe").c_str(), 0666), 0);
-    Failures().Take();
-    using Op = FileOperation;
-    const std::string fifo = "not a regular file (a FIFO)";
-    const std::tuple<const char*, std::function<bool()>, std::vector<FileFailure>> cases[] = {
-        {"read missing", [&] { return files->ReadFile(dir + "none").has_value(); }, {}},
-        {"read FIFO",
-         [&] { return files->ReadFile(dir + "PIPE").has_value(); },
-         {{Op::Read, dir + "pipe", fifo}}},
-        {"write read-only",
-         [&] { return files->WriteFile(root_ + "\\luma\\lumaexe\\LUMAGEN.IST", "x"); },
-         {{Op::Write, dir + "lumagen.ist", "read-only file"}}},
-        {"write directory",
-         [&] { return files->WriteFile(dir, "x"); },
-         {{Op::Write, dir, "not a regular file (a directory)"}}},
-        {"copy missing", [&] { return files->CopyFile(dir + "none", dir + "copy"); }, {}},
-        {"copy FIFO",
-         [&] { return files->CopyFile(dir + "pipe", dir + "copy"); },
-         {{Op::Read, dir + "pipe", fifo}}},
-        {"copy to read-only",
-         [&] { return files->CopyFile(dir + "RunType.ini", dir + "lumagen.ist"); },
-         {{Op::Write, dir + "lumagen.ist", "read-only file"}}},
-    };
-    for (const auto& [what, call, reported] : cases) {
-        EXPECT_FALSE(call()) << what;
-        EXPECT_EQ(Failures().Take(), reported) << what;
-    }
-    EXPECT_EQ(ReadBytes(dir + "lumagen.ist"), "x");
-    EXPECT_FALSE(fs::exists(dir + "copy"));
 }
 
 TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <optional>
-#include <random>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -162,88 +160,6 @@ TEST(ProfileDocumentTest, ACrAloneBeforeAnEmptyLineReadsAsOneEnding) {
         EXPECT_TRUE(value ? document.Set("S", key, *value) : document.DeleteKey("S", key));
         EXPECT_TRUE(document.Set("S", "n", "3"));
         EXPECT_EQ(document.Bytes(), after) << before;
-    }
-}
-
-// The bytes of a file in the given form: as it is, behind a UTF-8 byte-order mark, or as
-// UTF-16 of either byte order (each byte widened to one unit).
-enum class Form { kPlain, kUtf8, kUtf16Le, kUtf16Be };
-std::string InForm(const std::string& text, Form form) {
-    if (form == Form::kPlain) return text;
-    if (form == Form::kUtf8) return "\xEF\xBB\xBF" + text;
-    bool bigEndian = form == Form::kUtf16Be;
-    std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
-    for (char c : text) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
-    return bytes;
-}
-
-// A save makes its edits on one document and writes its bytes once; the same edits made one
-// by one on the file, each reading back what the last one wrote, must give the same bytes and
-// the same reads after every step, whatever the endings and the encoding of the file.
-TEST(ProfileDocumentTest, EditsOnOneDocumentGiveTheBytesOfEditsOneByOne) {
-    // Lines and names that meet every rule: duplicates, a key line that an edit turns into a
-    // header ("[a=1" set to "b]"), a key asked for with "=" in it (written as "k=x=...", a
-    // line of key "k"), empty lines that a CR alone before them must not swallow.
-    const std::string pieces[] = {"[A]", " [ a ] ", "[B",    "[B]x]", "k=1",      " K = '2' ",
-                                  "k",   "=v",      "",      "",      " \t",      "[]",
-                                  "j=3", "[a=1",    "[a=b]", "k=x=3", "\xE9=\x80"};
-    const std::string endings[] = {"\r\n", "\n", "\r"};
-    const std::string sections[] = {"A", "a", "B]x", "", "a=b", "new"};
-    const std::string keys[] = {"k", "K", "j", "", "[a", "k=x", "\xE9"};
-    const std::string values[] = {"1", "", "b]", "v\rw", "'q'", "x\ny"};
-    using Edit = std::function<bool(ProfileDocument&)>;
-    std::mt19937 random(11);
-    auto any = [&random](const auto& list) { return list[random() % std::size(list)]; };
-    for (int round = 0; round < 600; ++round) {
-        std::string text;
-        // One ending for the whole file, or each line its own.
-        const bool mixed = random() % 2;
-        const std::string fileEnding = any(endings);
-        for (int line = std::uniform_int_distribution(0, 10)(random); line > 0; --line) {
-            text += any(pieces) + (mixed && !text.empty() ? any(endings) : fileEnding);
-        }
-        if (random() % 2) text += any(pieces);  // no ending after the last line
-        const auto form = static_cast<Form>(round % 4);
-        std::string bytes = InForm(text, form);
-        ProfileDocument batch(bytes);
-        std::string log = "file: " + bytes;
-        for (int step = 0; step < 12; ++step) {
-            std::string section = any(sections);
-            std::string key = any(keys);
-            std::string value = any(values);
-            Edit edit;
-            switch (random() % 4) {
-                case 0:
-                    edit = [=](ProfileDocument& d) { return d.DeleteKey(section, key); };
-                    log += "\ndelete " + section + "/" + key;
-                    break;
-                case 1:
-                    edit = [=](ProfileDocument& d) { return d.DeleteSection(section); };
-                    log += "\ndelete " + section;
-                    break;
-                default:
-                    edit = [=](ProfileDocument& d) { return d.Set(section, key, value); };
-                    log += "\nset " + section + "/" + key + "=" + value;
-            }
-            ProfileDocument single(bytes);
-            EXPECT_EQ(edit(batch), edit(single)) << log;
-            bytes = single.Bytes();
-            ASSERT_EQ(batch.Bytes(), bytes) << log;
-            // Lines that differ in what the bytes do not show (where one line ends and the
-            // next begins) give different bytes once a key is added behind them.
-            const std::string probed = any(sections);
-            ProfileDocument probedBatch = batch;
-            ProfileDocument probedSingle(bytes);
-            probedBatch.Set(probed, "probe", "1");
-            probedSingle.Set(probed, "probe", "1");
-            ASSERT_EQ(probedBatch.Bytes(), probedSingle.Bytes()) << log << "\nprobe " << probed;
-            for (const std::string& s : sections) {
-                for (const std::string& k : keys) {
-                    EXPECT_EQ(batch.Get(s, k), LookUpProfileValue(bytes, s, k))
-                        << "[" << s << "] " << k << " after " << log;
-                }
-            }
-        }
     }
 }
 

@@ -1,33 +1,26 @@
-// The profile service on real files: reads, writes, batches, permissions and crash safety.
-#include <fcntl.h>
-#include <signal.h>
-#include <sys/inotify.h>
+// The profile service on real files: reads, writes, batches and permissions.
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <optional>
-#include <random>
 #include <string>
-#include <thread>
-#include <tuple>
 #include <vector>
 
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
-#include "platform/posix/profile_document.h"
 #include "platform/services.h"
+#include "support/directory_watch.h"
 #include "support/temp_dir.h"
 
 namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::DirectoryWatch;
 using support::TempDir;
 using support::WriteBytes;
 
@@ -92,160 +85,6 @@ TEST_F(ProfileServiceTest, ReadOnlyFileRefusesChangesButNotNonChanges) {
         EXPECT_EQ(Names(), std::vector<std::string>{"ro.ini"});
     }
 }
-
-// Fails the test instead of hanging it, should a call wait on a FIFO.
-class Deadline {
-  public:
-    Deadline() { ::alarm(20); }
-    ~Deadline() { ::alarm(0); }
-};
-
-// Something at the path that cannot be read as a profile is reported as such, read as nothing,
-// never written, and not readable; nothing at all is readable.
-TEST_F(ProfileServiceTest, WhatCannotBeReadIsReportedAndNeverWritten) {
-    Put("ok.ini", "[S]\nK=1\n");
-    fs::create_directory(dir_ / "dir.ini");
-    ASSERT_EQ(::mkfifo(PathOf("fifo.ini").c_str(), 0666), 0);
-    const std::string halfCharacter("\xFF\xFE[\0S\0]\0K", 7);  // UTF-16 with an odd byte
-    Put("utf16.ini", halfCharacter);
-    const std::string undecodable = ProfileDocument::Problem(halfCharacter).value_or("?");
-    const std::tuple<const char*, std::string> cases[] = {
-        {"missing.ini", ""},
-        {"ok.ini", ""},
-        {"dir.ini", "not a regular file (a directory)"},
-        {"fifo.ini", "not a regular file (a FIFO)"},
-        {"utf16.ini", undecodable},
-    };
-    Deadline deadline;
-    for (const auto& [name, reason] : cases) {
-        for (bool batch : {false, true}) {
-            SCOPED_TRACE(std::string(name) + (batch ? " in a batch" : ""));
-            const bool readable = reason.empty();
-            if (batch) service_->BeginBatch();
-            EXPECT_EQ(service_->Readable(PathOf(name)), readable);
-            EXPECT_EQ(service_->GetString(PathOf(name), "S", "K", "d", 10).text,
-                      std::string(name) == "ok.ini" ? "1" : "d");
-            if (!readable) {
-                EXPECT_FALSE(service_->WriteString(PathOf(name), "S", "K", "2"));
-            }
-            if (batch) {
-                EXPECT_EQ(service_->EndBatch(), readable);
-            }
-            auto expected =
-                readable ? std::vector<FileFailure>{}
-                         : std::vector<FileFailure>{{FileOperation::Read, PathOf(name), reason}};
-            EXPECT_EQ(Failures().Take(), expected);
-        }
-    }
-    EXPECT_TRUE(fs::is_directory(dir_ / "dir.ini"));
-    EXPECT_TRUE(fs::is_fifo(dir_ / "fifo.ini"));
-    EXPECT_EQ(Bytes("utf16.ini"), halfCharacter);
-    EXPECT_EQ(Names(), (std::vector<std::string>{"dir.ini", "fifo.ini", "ok.ini", "utf16.ini"}));
-}
-
-// A random station profile: mixed endings, duplicates, blanks, quotes, an unterminated end.
-std::string RandomProfile(std::mt19937& random) {
-    const char* lines[] = {"[WSX]",   "[wsx_32]", " [WSX,1] ", "KEY=1",    "key = \"two\" ",
-                           "Other=x", "",         "; note",    "[Alpha",   "noequals",
-                           "K2='q'",  "[Extra]",  "\t",        "other=dup"};
-    std::string bytes;
-    int count = static_cast<int>(random() % 14);
-    for (int i = 0; i < count; ++i) {
-        bytes += lines[random() % std::size(lines)];
-        bytes += random() % 3 == 0 ? "\n" : "\r\n";
-    }
-    if (random() % 3 == 0) bytes += "KEY=end";
-    return bytes;
-}
-
-TEST_F(ProfileServiceTest, BatchWritesTheBytesOfKeyByKeyWrites) {
-    const char* sections[] = {"WSX", "wsx", "WSX_32", "WSX,1", "Extra", "New", "Alpha"};
-    const char* keys[] = {"KEY", "key", "Other", "K2", "NEW_KEY", "noequals"};
-    const char* values[] = {"", "0", "1", "C:\\DATA\\", "two words", "\"quoted\"", "a\r\nb"};
-    const char* files[] = {"one.ist", "ONE.IST", "two.ini", "brand-new.ini", "BRAND-NEW.INI"};
-    std::mt19937 random(7);
-    auto single = MakeProfileService();
-    for (int round = 0; round < 40; ++round) {
-        fs::remove_all(dir_ / "a");
-        fs::remove_all(dir_ / "b");
-        fs::create_directory(dir_ / "a");
-        fs::create_directory(dir_ / "b");
-        for (const char* name : {"one.ist", "two.ini"}) {
-            std::string bytes = RandomProfile(random);
-            Put(std::string("a/") + name, bytes);
-            Put(std::string("b/") + name, bytes);
-        }
-        service_->BeginBatch();
-        for (int step = 0; step < 25; ++step) {
-            const std::string file = files[random() % std::size(files)];
-            const std::string section = sections[random() % std::size(sections)];
-            const std::string batchFile = PathOf("b/" + file), singleFile = PathOf("a/" + file);
-            std::optional<std::string> key = keys[random() % std::size(keys)], value;
-            switch (random() % 6) {
-                case 0:  // delete the section
-                    key.reset();
-                    break;
-                case 1:  // delete the key
-                    break;
-                case 2:  // a read in the batch sees what the key-by-key writes left
-                    ASSERT_EQ(service_->GetString(batchFile, section, *key, "d", 512).text,
-                              single->GetString(singleFile, section, *key, "d", 512).text)
-                        << "round " << round << " step " << step;
-                    continue;
-                default:
-                    value = values[random() % std::size(values)];
-            }
-            single->WriteString(singleFile, section, key, value);
-            service_->WriteString(batchFile, section, key, value);
-        }
-        ASSERT_TRUE(service_->EndBatch());
-        ASSERT_EQ(Names("a"), Names("b")) << "round " << round;
-        for (const std::string& name : Names("a")) {
-            ASSERT_EQ(Bytes("b/" + name), Bytes("a/" + name)) << "round " << round << " " << name;
-        }
-    }
-}
-
-// What happens in a directory, in order: "open NAME" for each file opened to be read ("open ."
-// for the directory itself), "write NAME" for each file replaced. Temporary files
-// (".NAME.XXXXXX") are left out.
-class DirectoryWatch {
-  public:
-    explicit DirectoryWatch(const fs::path& dir) : fd_(::inotify_init1(IN_NONBLOCK)) {
-        ::inotify_add_watch(fd_, dir.c_str(), IN_OPEN | IN_MOVED_TO);
-    }
-    ~DirectoryWatch() { ::close(fd_); }
-    DirectoryWatch(const DirectoryWatch&) = delete;
-    DirectoryWatch& operator=(const DirectoryWatch&) = delete;
-
-    // Puts a mark after what has happened so far.
-    void Mark(const std::string& mark) {
-        Drain();
-        events_.push_back(mark);
-    }
-    const std::vector<std::string>& Events() {
-        Drain();
-        return events_;
-    }
-
-  private:
-    void Drain() {
-        alignas(inotify_event) char buffer[8192];
-        for (ssize_t got; (got = ::read(fd_, buffer, sizeof buffer)) > 0;) {
-            for (char* p = buffer; p < buffer + got;) {
-                auto* event = reinterpret_cast<inotify_event*>(p);
-                const std::string name = event->len > 0 ? event->name : ".";
-                if (name == "." || name[0] != '.') {
-                    events_.push_back(((event->mask & IN_OPEN) ? "open " : "write ") + name);
-                }
-                p += sizeof(inotify_event) + event->len;
-            }
-        }
-    }
-
-    int fd_;
-    std::vector<std::string> events_;
-};
 
 // In a batch each file is looked up and read once; each changed file is written once at the
 // outermost end, in the order it was first changed, a refused one not stopping the rest.
@@ -316,32 +155,6 @@ TEST_F(ProfileServiceTest, CopyIsOneMoreChangeOfTheTarget) {
     EXPECT_EQ(Bytes("copy.ini"), Bytes("runtype.ini"));
     EXPECT_FALSE(service_->CopyFile(PathOf("missing.ini"), PathOf("copy.ini")));
     EXPECT_TRUE(Failures().Take().empty());
-}
-
-// A writer killed at any moment leaves the old file or the new one, never a mix.
-TEST_F(ProfileServiceTest, KilledWriterLeavesOldOrNewFile) {
-    const std::string path = PathOf("big.ist");
-    std::string first, second;
-    for (int i = 0; i < 60000; ++i) first += "[S" + std::to_string(i) + "]\r\nK=aaaaaaaa\r\n";
-    for (int i = 0; i < 40000; ++i) second += "[T" + std::to_string(i) + "]\nK=bbbbbbbbbbbbb\n";
-    ASSERT_TRUE(ReplaceFile(path, first).ok);
-    std::mt19937 random(99);
-    for (int round = 0; round < 30; ++round) {
-        pid_t child = ::fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            for (;;) {
-                ReplaceFile(path, second);
-                ReplaceFile(path, first);
-            }
-        }
-        std::this_thread::sleep_for(std::chrono::microseconds(random() % 40000));
-        ::kill(child, SIGKILL);
-        ::waitpid(child, nullptr, 0);
-        std::string now = Bytes("big.ist");
-        ASSERT_TRUE(now == first || now == second)
-            << "round " << round << ": " << now.size() << " bytes";
-    }
 }
 
 }  // namespace

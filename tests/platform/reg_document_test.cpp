@@ -182,20 +182,6 @@ TEST(RegDocumentTest, EditsGiveExactBytes) {
     }
 }
 
-// A text that tries to start a key of its own stays one value, over as many lines as it takes.
-TEST(RegDocumentTest, ALineBreakCannotInjectAKey) {
-    std::string text = "C:\\VLT\r\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil]\r\n\"Path\"=\"x\"\r\n";
-    text += std::string(200, '\xE9') + "\n";  // accented letters: two bytes each in UTF-16
-    RegDocument document(std::string(kHead) + "\"A\"=dword:00000001\r\n");
-    ASSERT_TRUE(document.SetString(kKey, "VLT_LCD", text));
-    ASSERT_TRUE(document.SetDword(kKey, "ConfigurationID", 5));
-
-    const RegDocument reread(document.Bytes());
-    EXPECT_EQ(Show(reread.Get(kKey, "VLT_LCD")), "S:" + text);
-    EXPECT_EQ(Show(reread.Get(kKey, "ConfigurationID")), "D:5");
-    EXPECT_FALSE(reread.HasKey("HKEY_LOCAL_MACHINE\\SOFTWARE\\Evil"));
-}
-
 // A store exported in UTF-16LE is read as the core's Windows-1252 text and written back in
 // UTF-16LE, every line not changed keeping its bytes (characters outside the code page too).
 TEST(RegDocumentTest, Utf16StoreRoundTrip) {

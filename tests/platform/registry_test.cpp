@@ -1,11 +1,11 @@
 // The machine-wide registry store on disk: keys opened on it, failures reported, batches.
-#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -15,6 +15,7 @@
 #include "platform/posix/backends.h"
 #include "platform/posix/reg_document.h"
 #include "platform/services.h"
+#include "support/directory_watch.h"
 #include "support/scoped_env.h"
 #include "support/temp_dir.h"
 
@@ -22,6 +23,7 @@ namespace lumacfg::platform::posix {
 namespace {
 
 namespace fs = std::filesystem;
+using support::DirectoryWatch;
 using support::ReadBytes;
 using support::ScopedEnv;
 using support::TempDir;
@@ -95,83 +97,6 @@ TEST_F(RegistryStoreTest, OpeningFailsWhereTheLocalMachineHiveWould) {
     registryEnv_.Set((dir_ / "absent.reg").string());
     EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::Read));
     EXPECT_TRUE(Failures().Take().empty());  // a missing key or store is no file failure
-
-    registryEnv_.Set(store_);
-    ASSERT_EQ(::chmod(store_.c_str(), 0444), 0);  // refused even to the super-user
-    EXPECT_FALSE(registry->OpenKey(kKey, RegistryAccess::SetValue));
-    EXPECT_EQ(Failures().Take(),
-              (std::vector<FileFailure>{{FileOperation::Write, store_, "read-only file"}}));
-    auto key = registry->OpenKey(kKey, RegistryAccess::Read);
-    ASSERT_TRUE(key);
-    EXPECT_EQ(key->QueryDword("HardWare"), 2u);
-    EXPECT_EQ(Bytes(), kStore);
-}
-
-// A store that cannot be read, or is no registry file, holds no keys, is reported and is never
-// written.
-TEST_F(RegistryStoreTest, UnreadableStoresAreReportedAndKept) {
-    struct Case {
-        const char* what;
-        std::function<void()> make;
-        std::string reason;  // "" for the operating system's words
-    };
-    const std::string notAStore =
-        "not a registry file (its first line is not \"Windows Registry Editor Version 5.00\")";
-    const Case cases[] = {
-        {"directory", [&] { fs::create_directory(store_); }, ""},
-        {"FIFO", [&] { ::mkfifo(store_.c_str(), 0644); }, ""},
-        {"no read permission",
-         [&] {
-             WriteBytes(store_, kStore);
-             ::chmod(store_.c_str(), 0200);
-         },
-         ""},
-        {"profile text", [&] { WriteBytes(store_, "[HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft]\n"); },
-         notAStore},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        fs::remove_all(store_);
-        c.make();
-        if (c.reason.empty() && fs::is_regular_file(store_) && ::geteuid() == 0) {
-            continue;  // the super-user reads a file without read permission
-        }
-        // Only a regular file is read back: opening a FIFO would wait for a writer.
-        auto bytes = [&] { return fs::is_regular_file(store_) ? ReadBytes(store_) : std::nullopt; };
-        const std::optional<std::string> before = bytes();
-        auto registry = MakeRegistry();
-        EXPECT_FALSE(registry->OpenKey(kPorts, RegistryAccess::Read));
-        registry->BeginBatch();
-        EXPECT_FALSE(registry->OpenKey(kPorts, RegistryAccess::SetValue));
-        EXPECT_TRUE(registry->EndBatch());  // nothing to write
-        std::vector<FileFailure> failures = Failures().Take();
-        ASSERT_EQ(failures.size(), 1u);
-        EXPECT_EQ(failures[0].operation, FileOperation::Read);
-        EXPECT_EQ(failures[0].path, store_);
-        if (c.reason.empty()) {
-            EXPECT_NE(failures[0].reason, "");  // the operating system's words
-        } else {
-            EXPECT_EQ(failures[0].reason, c.reason);
-        }
-        EXPECT_EQ(bytes(), before);
-    }
-}
-
-// How often a file of `dir` was renamed into place while `body` ran.
-template <typename Body>
-int ReplacementsIn(const fs::path& dir, Body body) {
-    int watch = ::inotify_init1(IN_NONBLOCK);
-    ::inotify_add_watch(watch, dir.c_str(), IN_MOVED_TO);
-    body();
-    int count = 0;
-    alignas(inotify_event) char buffer[4096];
-    for (ssize_t got; (got = ::read(watch, buffer, sizeof buffer)) > 0;) {
-        for (char* p = buffer; p < buffer + got; ++count) {
-            p += sizeof(inotify_event) + reinterpret_cast<inotify_event*>(p)->len;
-        }
-    }
-    ::close(watch);
-    return count;
 }
 
 // The registry values a save sets, each through a key opened for it, as the save opens them.
@@ -196,19 +121,19 @@ TEST_F(RegistryStoreTest, BatchWritesOnceWithTheBytesOfOneByOneSets) {
     WriteBytes(store_, kStore);
 
     auto registry = MakeRegistry();
-    int replacements = ReplacementsIn(dir_, [&] {
-        registry->BeginBatch();
-        registry->BeginBatch();  // nested: only the outermost end writes
-        SetSaveValues(*registry);
-        auto key = registry->OpenKey(kKey, RegistryAccess::Read);
-        ASSERT_TRUE(key);
-        EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);  // the batch's values
-        EXPECT_EQ(key->QueryString("VLT_LCD"), "D:\\VLT");
-        EXPECT_TRUE(registry->EndBatch());
-        EXPECT_EQ(Bytes(), kStore);
-        EXPECT_TRUE(registry->EndBatch());
-    });
-    EXPECT_EQ(replacements, 1);
+    DirectoryWatch watch(dir_);
+    registry->BeginBatch();
+    registry->BeginBatch();  // nested: only the outermost end writes
+    SetSaveValues(*registry);
+    auto key = registry->OpenKey(kKey, RegistryAccess::Read);
+    ASSERT_TRUE(key);
+    EXPECT_EQ(key->QueryDword("configurationid"), 0x0890F76Fu);  // the batch's values
+    EXPECT_EQ(key->QueryString("VLT_LCD"), "D:\\VLT");
+    EXPECT_TRUE(registry->EndBatch());
+    EXPECT_EQ(Bytes(), kStore);
+    EXPECT_TRUE(registry->EndBatch());
+    const std::vector<std::string>& events = watch.Events();
+    EXPECT_EQ(std::count(events.begin(), events.end(), "write registry.reg"), 1);
     EXPECT_EQ(Bytes(), oneByOne);
     EXPECT_TRUE(Failures().Take().empty());
 }

@@ -50,10 +50,6 @@ class ScopedMount {
     }
 
     bool Ok() const { return mounted_ && error_.empty(); }
-    // A tmpfs made read-only from now on, its files kept; false when it cannot be.
-    bool MakeReadOnly() const {
-        return ::mount(nullptr, path_.c_str(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
-    }
     const std::string& Error() const { return error_; }
 
   private:
