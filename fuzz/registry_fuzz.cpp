@@ -96,7 +96,8 @@ void Run(std::string_view bytes, std::string_view program) {
         });
         if (overwritten) continue;
         Require(Expected(reread.Get(last->key, last->name)) == last->value,
-                "a value set reads back from the bytes written");
+                "a value set reads back from the bytes written",
+                "[" + last->key + "] \"" + last->name + "\"");
     }
     for (const std::string& key : keys) {
         for (const std::string& name : names) {

@@ -300,10 +300,12 @@ std::optional<RegValue> RegDocument::Get(std::string_view keyPath, std::string_v
 
 void RegDocument::Terminate(Line& line) const {
     if (!line.ending.empty()) return;
-    line.ending = newline_;
+    // A last line that ends in a CR of its own keeps it: an LF alone after it would make the two
+    // one line end, and the line would read otherwise ("[key]<CR>" would become a key).
+    line.ending = line.text.ends_with('\r') ? "\r\n" : newline_;
     // An unchanged line keeps its bytes and gains the ending in the file's encoding.
     if (!line.raw.empty()) {
-        line.raw += encoding_ == Encoding::Utf16Le ? Utf16FromAnsi(newline_) : newline_;
+        line.raw += encoding_ == Encoding::Utf16Le ? Utf16FromAnsi(line.ending) : line.ending;
     }
 }
 
