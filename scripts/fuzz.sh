@@ -8,7 +8,8 @@
 #                               seed, its corpus growing in build/fuzz/corpus/<target>
 #   scripts/fuzz.sh --ci        the check of scripts/test.sh: each target from the seed corpus
 #                               alone, with a fixed seed and a fixed number of inputs (about a
-#                               minute each here), so that a run can be repeated input for input
+#                               minute each here): every run does the same work from the same
+#                               first inputs (docs/reliability.md, "In CI")
 #   LUMACFG_FUZZ_JOBS=N runs N targets at a time (default 1).
 set -euo pipefail
 cd "$(dirname "$0")/.."

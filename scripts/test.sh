@@ -2,7 +2,7 @@
 # Installs what is needed, builds with warnings as errors and runs every test (on CI also the
 # Debian package's test); then builds and runs the same tests with AddressSanitizer and
 # UndefinedBehaviorSanitizer; last, runs every fuzz target for about a minute on a fixed seed
-# (scripts/fuzz.sh --ci: the same inputs at every run).
+# (scripts/fuzz.sh --ci: a fixed seed and number of inputs).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
