@@ -28,10 +28,10 @@ if $ci; then corpora=$build/ci-corpus; fi
 # The inputs each target runs in the --ci check, sized to about a minute on a 2-core machine.
 declare -A ci_inputs=(
     [custrack]=40000
-    [opal_applications]=500000
+    [opal_applications]=600000
     [profile_document]=70000
-    [registry]=240000
-    [station]=5000
+    [registry]=360000
+    [station]=8000
 )
 
 scripts/install-packages.sh clang libclang-rt-dev cmake ninja-build
