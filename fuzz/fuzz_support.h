@@ -49,15 +49,14 @@ inline std::vector<std::string_view> SplitParts(std::string_view input) {
     return parts;
 }
 
-// An input made of a file's bytes and, after a line "#part", the bytes that choose the changes
-// made to it.
-struct FileAndChanges {
-    std::string_view file, changes;
-};
-inline FileAndChanges SplitFileAndChanges(const std::uint8_t* data, std::size_t size) {
+// Runs a target whose input is a file's bytes and, after a line "#part", the bytes that choose
+// the changes made to it: the body of its LLVMFuzzerTestOneInput.
+inline int RunOnFileAndChanges(const std::uint8_t* data, std::size_t size,
+                               void (*run)(std::string_view file, std::string_view changes)) {
     const std::vector<std::string_view> parts =
         SplitParts({reinterpret_cast<const char*>(data), size});
-    return {parts[0], parts.size() > 1 ? parts[1] : std::string_view{}};
+    run(parts[0], parts.size() > 1 ? parts[1] : std::string_view{});
+    return 0;
 }
 
 // A name of 1 to 8 characters of letters, digits, "_" and ",", which every profile and registry

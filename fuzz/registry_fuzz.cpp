@@ -115,7 +115,5 @@ void Run(std::string_view bytes, std::string_view program) {
 }  // namespace lumacfg::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const auto [file, changes] = lumacfg::fuzz::SplitFileAndChanges(data, size);
-    lumacfg::fuzz::Run(file, changes);
-    return 0;
+    return lumacfg::fuzz::RunOnFileAndChanges(data, size, lumacfg::fuzz::Run);
 }
