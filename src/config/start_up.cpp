@@ -12,6 +12,7 @@
 #include "config/save_configuration.h"
 #include "config/serial_settings.h"
 #include "config/station_batch.h"
+#include "config/station_location.h"
 #include "integration/help.h"
 #include "integration/running_programs.h"
 #include "platform/services.h"
@@ -70,12 +71,13 @@ void CreateStation() {
     PrepareRunType();
 }
 
-// The station can be read: its program directory is there, its profile, when there is one, can
-// be read as a profile, and so can the registry store. A station that cannot be read is never
-// replaced by a new one, nor saved with what could not be read taken as its defaults.
+// The station can be read: it is found, its program directory is there, its profile, when there is
+// one, can be read as a profile, and so can the registry store. A station that cannot be read is
+// never replaced by a new one, nor saved with what could not be read taken as its defaults.
 bool StationReadable() {
+    if (!LocateStation()) return false;
     const std::string directory = platform::ProgramDirectory();
-    if (auto problem = platform::ProgramDirectoryProblem()) {
+    if (auto problem = platform::DirectoryProblem(directory)) {
         platform::Failures().Report(platform::FileOperation::Read, platform::HostPath(directory),
                                     *problem);
         return false;

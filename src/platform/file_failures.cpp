@@ -10,6 +10,15 @@ std::string Describe(const FileFailure& failure) {
     return verb + failure.path + ": " + failure.reason;
 }
 
+std::string DescribeAll(const std::vector<FileFailure>& failures) {
+    std::string text;
+    for (const FileFailure& failure : failures) {
+        if (!text.empty()) text += '\n';
+        text += Describe(failure);
+    }
+    return text;
+}
+
 void FileFailures::Report(FileOperation operation, std::string_view path, std::string_view reason) {
     FileFailure failure{operation, std::string(path), std::string(reason)};
     if (std::find(failures_.begin(), failures_.end(), failure) == failures_.end()) {

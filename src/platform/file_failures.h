@@ -21,6 +21,9 @@ struct FileFailure {
 // "cannot read PATH: REASON" or "cannot write PATH: REASON".
 std::string Describe(const FileFailure& failure);
 
+// Every failure described, one line each, for a message box.
+std::string DescribeAll(const std::vector<FileFailure>& failures);
+
 class FileFailures {
   public:
     // Records a failure; the same failure reported again is kept once.

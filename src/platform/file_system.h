@@ -34,18 +34,25 @@ class FileSystem {
 // name is absent is looked up without regard to case.
 std::string HostPath(std::string_view systemPath);
 
-// The program's own directory (no trailing separator): LUMACFG_PROGRAM_DIR when set, else the
-// directory of the running executable. Asked anew on every call.
+// The station's program directory (no trailing separator): LUMACFG_PROGRAM_DIR when set, else
+// the directory the station lookup chose (UseProgramDirectory), else empty (no station known).
+// Asked anew on every call.
 std::string ProgramDirectory();
+
+// LUMACFG_PROGRAM_DIR when it is set and not empty.
+std::optional<std::string> ConfiguredProgramDirectory();
+
+// Makes `directory` the program directory for the rest of the run; LUMACFG_PROGRAM_DIR still
+// overrides it.
+void UseProgramDirectory(std::string directory);
 
 // Why a data-system path is not a directory that can be read ("No such file or directory",
 // "Not a directory", ...), or nullopt when it is one.
 std::optional<std::string> DirectoryProblem(std::string_view systemPath);
 
-// Why the program directory holds no station that can be read: DirectoryProblem's reasons, and
-// the directory of installed programs (such as /usr/bin) taken for want of LUMACFG_PROGRAM_DIR,
-// where a new station must never be made. nullopt when it can be read.
-std::optional<std::string> ProgramDirectoryProblem();
+// Creates the directory a data-system path names (its parent must be there); false, with the
+// failure reported to Failures(), when it cannot be made.
+bool MakeDirectory(std::string_view systemPath);
 
 // Joins a directory and a file name with exactly one backslash.
 std::string JoinPath(std::string_view directory, std::string_view name);

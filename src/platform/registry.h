@@ -29,6 +29,14 @@ class Registry {
     // store that may not be written when SetValue access is asked for, gives nullptr.
     virtual std::unique_ptr<RegistryKey> OpenKey(std::string_view path, RegistryAccess access) = 0;
 
+    // Opens a key of the local-machine hive to set values, creating it (and, on POSIX, the store
+    // with its first line) when it is missing, as the data system's installation does; nullptr,
+    // with the failure reported to Failures(), when the store cannot be read or written.
+    virtual std::unique_ptr<RegistryKey> CreateKey(std::string_view path) = 0;
+
+    // Where the store is, as a failure names it (on POSIX the store's file).
+    virtual std::string Location() const = 0;
+
     // False when the registry is there but cannot be read (the failure is reported to
     // Failures()); a registry that holds no keys at all can be read.
     virtual bool Readable() { return true; }

@@ -1,5 +1,6 @@
 #include "platform/services.h"
 
+#include "platform/file_system.h"
 #include "platform/posix/backends.h"
 
 namespace lumacfg::platform {
@@ -112,6 +113,7 @@ void SetHelp(std::unique_ptr<HelpViewer> s) {
 
 void ResetServices() {
     All() = AllServices{};
+    UseProgramDirectory({});
 }
 
 }  // namespace lumacfg::platform

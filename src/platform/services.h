@@ -44,7 +44,8 @@ void SetLogon(std::unique_ptr<LogonService> service);
 void SetSecurity(std::unique_ptr<SecurityLibrary> service);
 void SetHelp(std::unique_ptr<HelpViewer> service);
 
-// Restores every service to the platform's own backend and forgets the failures reported.
+// Restores every service to the platform's own backend, forgets the failures reported and the
+// program directory the station lookup chose.
 void ResetServices();
 
 }  // namespace lumacfg::platform

@@ -56,22 +56,26 @@ TEST_F(FileSystemTest, BackslashesAndCaseAreResolved) {
     ASSERT_EQ(::chdir(cwd.c_str()), 0);
 }
 
-TEST(ProgramDirectoryTest, EnvironmentOverridesTheExecutable) {
+// The variable overrides the directory the station lookup chose; without either there is none
+// (the programs' own directory is never taken for a station).
+TEST(ProgramDirectoryTest, EnvironmentOverridesTheLocatedDirectory) {
     ScopedEnv programDir("LUMACFG_PROGRAM_DIR");
     const std::pair<std::string, std::string> cases[] = {
         {"/opt/luma/LUMAEXE/", "/opt/luma/LUMAEXE"},
         {"/opt/luma/LUMAEXE\\", "/opt/luma/LUMAEXE"},
         {"/", "/"},
     };
+    UseProgramDirectory("/srv/plasma/LUMAEXE/");
     for (const auto& [configured, directory] : cases) {
         programDir.Set(configured);
         EXPECT_EQ(ProgramDirectory(), directory) << configured;  // asked anew each call
     }
-    const std::string executable = fs::read_symlink("/proc/self/exe").parent_path().string();
     programDir.Set(std::nullopt);
-    EXPECT_EQ(ProgramDirectory(), executable);
+    EXPECT_EQ(ProgramDirectory(), "/srv/plasma/LUMAEXE");
     programDir.Set("");  // empty counts as not set
-    EXPECT_EQ(ProgramDirectory(), executable);
+    EXPECT_EQ(ProgramDirectory(), "/srv/plasma/LUMAEXE");
+    UseProgramDirectory({});
+    EXPECT_EQ(ProgramDirectory(), "");
 }
 
 }  // namespace

@@ -272,6 +272,11 @@ class HeldRegistry final : public platform::Registry {
         return std::make_unique<HeldRegistryKey>(log_, std::string(CutAtNul(path)), access,
                                                  std::move(key));
     }
+    // A dry run creates no key: it is held like a value set on a key that exists.
+    std::unique_ptr<platform::RegistryKey> CreateKey(std::string_view path) override {
+        return OpenKey(path, platform::RegistryAccess::SetValue);
+    }
+    std::string Location() const override { return log_->registry->Location(); }
     bool Readable() override { return log_->registry->Readable(); }
     void BeginBatch() override {}
     bool EndBatch() override { return true; }

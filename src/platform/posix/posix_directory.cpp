@@ -1,10 +1,12 @@
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
 
 #include "platform/file_system.h"
+#include "platform/services.h"
 
 namespace lumacfg::platform {
 
@@ -14,6 +16,13 @@ std::optional<std::string> DirectoryProblem(std::string_view systemPath) {
     if (fd < 0) return std::string(std::strerror(errno));
     ::close(fd);
     return std::nullopt;
+}
+
+bool MakeDirectory(std::string_view systemPath) {
+    const std::string host = HostPath(systemPath);
+    if (::mkdir(host.c_str(), 0777) == 0) return true;  // the umask decides the rights
+    Failures().Report(FileOperation::Write, host, std::strerror(errno));
+    return false;
 }
 
 }  // namespace lumacfg::platform

@@ -79,43 +79,29 @@ std::string HostPath(std::string_view systemPath) {
 
 namespace {
 
-const char* ConfiguredProgramDirectory() {
-    const char* configured = std::getenv("LUMACFG_PROGRAM_DIR");
-    return configured && *configured ? configured : nullptr;
-}
-
-// The directories the programs are installed in by the package or by the build's install: they
-// hold the system's programs, never a data system's station.
-bool IsInstalledProgramsDirectory(const std::string& directory) {
-    return directory == LUMACFG_PACKAGE_BINDIR || directory == LUMACFG_INSTALL_BINDIR;
+std::string& LocatedProgramDirectory() {
+    static std::string located;
+    return located;
 }
 
 }  // namespace
 
+std::optional<std::string> ConfiguredProgramDirectory() {
+    const char* configured = std::getenv("LUMACFG_PROGRAM_DIR");
+    if (configured == nullptr || *configured == '\0') return std::nullopt;
+    return std::string(configured);
+}
+
+void UseProgramDirectory(std::string directory) {
+    LocatedProgramDirectory() = std::move(directory);
+}
+
 std::string ProgramDirectory() {
-    std::string directory;
-    if (const char* configured = ConfiguredProgramDirectory()) {
-        directory = configured;
-    } else {
-        char buffer[4096];
-        ssize_t length = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
-        if (length > 0) directory.assign(buffer, static_cast<std::size_t>(length));
-        std::size_t slash = directory.rfind('/');
-        directory = slash == std::string::npos ? "." : directory.substr(0, slash);
-    }
+    std::string directory = ConfiguredProgramDirectory().value_or(LocatedProgramDirectory());
     while (directory.size() > 1 && (directory.back() == '/' || directory.back() == '\\')) {
         directory.pop_back();
     }
     return directory;
-}
-
-std::optional<std::string> ProgramDirectoryProblem() {
-    const std::string directory = ProgramDirectory();
-    if (ConfiguredProgramDirectory() == nullptr && IsInstalledProgramsDirectory(directory)) {
-        return "an installed program's own directory is no station; set LUMACFG_PROGRAM_DIR to "
-               "the data system's program directory";
-    }
-    return DirectoryProblem(directory);
 }
 
 std::string JoinPath(std::string_view directory, std::string_view name) {

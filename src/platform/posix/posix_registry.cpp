@@ -132,6 +132,26 @@ bool WriteSets(const std::string& store, const std::vector<ValueSet>& sets) {
     return written.ok && ok;
 }
 
+// Creates the key in the store (and the store with its first line when it is missing), at
+// once and under the lock; false, with the failure reported, when it cannot be read or written.
+bool CreateStoreKey(const std::string& store, const std::string& keyPath) {
+    StoreLock lock(store);
+    std::optional<RegDocument> document;
+    if (ReadRegularFile(store).status == FileRead::Status::Missing) {
+        document.emplace(std::string(kRegHeader) + "\r\n");
+    } else {
+        document = ReadStore(store);
+    }
+    if (!document) return false;
+    const std::string before = document->Bytes();
+    document->AddKey(keyPath);
+    const std::string after = document->Bytes();
+    if (after == before) return CheckWritable(store);
+    FileWrite written = ReplaceFile(store, after);
+    if (!written.ok) Failures().Report(FileOperation::Write, store, written.reason);
+    return written.ok;
+}
+
 // What the registry object and its keys share: the batch in progress.
 class Store {
   public:
@@ -257,6 +277,18 @@ class FileRegistry final : public Registry {
         return std::make_unique<FileRegistryKey>(shared_, std::move(store), std::move(keyPath),
                                                  access);
     }
+
+    // A key is made at once, outside any batch (as the installation makes it).
+    std::unique_ptr<RegistryKey> CreateKey(std::string_view path) override {
+        path = path.substr(0, path.find('\0'));
+        std::string store = StorePath();
+        std::string keyPath = std::string(kHive) + std::string(path);
+        if (!CreateStoreKey(store, keyPath)) return nullptr;
+        return std::make_unique<FileRegistryKey>(shared_, std::move(store), std::move(keyPath),
+                                                 RegistryAccess::SetValue);
+    }
+
+    std::string Location() const override { return StorePath(); }
 
     // A missing store holds no keys; one that is there must be a registry file that can be read.
     bool Readable() override {

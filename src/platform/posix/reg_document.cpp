@@ -298,6 +298,15 @@ std::optional<RegValue> RegDocument::Get(std::string_view keyPath, std::string_v
     return std::nullopt;
 }
 
+bool RegDocument::AddKey(std::string_view keyPath) {
+    if (!isStore_) return false;
+    if (FindKey(keyPath)) return true;
+    Terminate(lines_.back());
+    if (!IsBlank(lines_.back().text)) lines_.push_back({"", newline_, {}});
+    lines_.push_back({"[" + std::string(keyPath) + "]", newline_, {}});
+    return true;
+}
+
 void RegDocument::Terminate(Line& line) const {
     if (!line.ending.empty()) return;
     // A last line that ends in a CR of its own keeps it: an LF alone after it would make the two

@@ -51,6 +51,10 @@ class RegDocument {
     bool SetString(std::string_view keyPath, std::string_view name, std::string_view text);
     bool SetDword(std::string_view keyPath, std::string_view name, std::uint32_t value);
 
+    // Adds an empty key at the end of the document, after a blank line; true when the key is
+    // there afterwards (false only for a document that is no store).
+    bool AddKey(std::string_view keyPath);
+
     std::string Bytes() const;
 
   private:
