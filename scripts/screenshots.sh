@@ -5,7 +5,8 @@
 # mode and the wait window (while the toolbar stand-in runs), each opened by its button; then the
 # dialogs of the autosampler's Setup... button, each on a copy whose autosampler was chosen with
 # lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
-# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png". Runs the built
+# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; and the first-start
+# window, where no station is named ("first-start.png"). Runs the built
 # programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
@@ -61,3 +62,8 @@ picture asx500-misfit.png --click Cd_AutoSet
 setup vas.png ALS_TYPE=5 SAMPLE_DEPTH=40
 setup asx-klr8.png ALS_TYPE=6
 setup asx-asx100.png ALS_TYPE=2
+# No variable names a station and the registry store is not there yet (the installed default,
+# unless this machine has one).
+unset LUMACFG_PROGRAM_DIR LUMACFG_REGISTRY
+[ ! -e /etc/plasmasuite/registry.reg ] || export LUMACFG_REGISTRY=$work/no-store/registry.reg
+picture first-start.png

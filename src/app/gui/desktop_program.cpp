@@ -11,6 +11,7 @@
 #include <iostream>
 
 #include "app/gui/autosampler_setup.h"
+#include "app/gui/first_start.h"
 #include "app/gui/main_window_reach.h"
 #include "config/config_record.h"
 #include "config/start_up.h"
@@ -91,18 +92,14 @@ void PictureOfClick(ui::MainWindow& window, const QString& control, const QStrin
 }  // namespace
 
 void ShowFailures(const std::vector<platform::FileFailure>& failures) {
-    std::string text;
-    for (const platform::FileFailure& failure : failures) {
-        if (!text.empty()) text += '\n';
-        text += platform::Describe(failure);
-    }
-    platform::Messages().Show({.text = text,
+    platform::Messages().Show({.text = platform::DescribeAll(failures),
                                .title = LoadResString(kResErrorTitle),
                                .icon = platform::MessageIcon::Exclamation,
                                .buttons = platform::MessageButtons::Ok});
 }
 
 int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
+    if (auto ended = ChooseStationIfNoneNamed(options)) return *ended;
     switch (StartUp(StartUpOptions{.commandLineEmpty = options.commandLineEmpty})) {
         case StartUpResult::Continue:
             break;
