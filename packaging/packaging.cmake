@@ -51,6 +51,9 @@ foreach(size 16 24 32 48 64 128 256)
 endforeach()
 install(FILES ${packaging_dir}/copyright ${generated_dir}/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lumacfg)
+# The registry store's folder: the store itself ("registry.reg", naming the data system's folder)
+# is the site's, written by the data system's installation or by the first start of the window.
+install(DIRECTORY DESTINATION /etc/plasmasuite)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME lumacfg)

@@ -40,6 +40,7 @@ echo "package-test: $(basename "$deb")"
 
 work=$(mktemp -d)
 cleanup() {
+    "${sudo_cmd[@]}" rm -f /etc/plasmasuite/registry.reg
     dpkg -s lumacfg >/dev/null 2>&1 && "${sudo_cmd[@]}" apt-get purge -y -qq lumacfg >/dev/null
     rm -rf "$work"
 }
@@ -79,16 +80,39 @@ shows_window() {
         test "$(head -c 8 "$work/window.png" | od -An -tx1 | tr -d ' \n')" = 89504e470d0a1a0a
 }
 check "lumacfg shows its window (offscreen)" shows_window
-# Without LUMACFG_PROGRAM_DIR the installed programs' own directory would be taken for the
-# station's: refused, named, and nothing is made there.
-refuses_own_directory() {
-    local status=0
-    env -u LUMACFG_PROGRAM_DIR /usr/bin/lumacfg-cli show >/dev/null 2>"$work/refused.txt" ||
-        status=$?
-    [ "$status" -eq 4 ] && grep -q "cannot read /usr/bin: .*LUMACFG_PROGRAM_DIR" "$work/refused.txt" &&
-        ! ls /usr/bin | grep -qix "lumagen.ist"
+# Started from the menu: no variable names the station, the registry store in its installed
+# place names the data system's folder. The window opens on that station (a picture of the size
+# of the main window's above); without a store the window asks for the folder (the first-start
+# window) and lumacfg-cli names the missing store and exits 4, making nothing anywhere.
+menu_station=$work/menu-station
+cp -R examples/demo-station "$menu_station"
+sed "s|^\"Path\"=.*|\"Path\"=\"$menu_station\"\r|" examples/demo-station/registry.reg \
+    >"$work/registry.reg"
+png_size() { od -An -tu1 -j16 -N8 "$1" | tr -s ' '; }
+finds_named_station() {
+    "${sudo_cmd[@]}" cp "$work/registry.reg" /etc/plasmasuite/registry.reg || return 1
+    env -u LUMACFG_PROGRAM_DIR -u LUMACFG_REGISTRY /usr/bin/lumacfg-cli show >"$work/show.txt" &&
+        grep -qx "ROOT_PATH=$menu_station" "$work/show.txt" &&
+        env -u LUMACFG_PROGRAM_DIR -u LUMACFG_REGISTRY QT_QPA_PLATFORM=offscreen timeout 60 \
+            /usr/bin/lumacfg --screenshot "$work/menu.png" &&
+        test "$(png_size "$work/menu.png")" = "$(png_size "$work/window.png")"
 }
-check "lumacfg-cli show refuses /usr/bin as the station" refuses_own_directory
+check "the installed programs open the station /etc/plasmasuite/registry.reg names" \
+    finds_named_station
+asks_without_store() {
+    local status=0
+    "${sudo_cmd[@]}" rm -f /etc/plasmasuite/registry.reg
+    env -u LUMACFG_PROGRAM_DIR -u LUMACFG_REGISTRY /usr/bin/lumacfg-cli show >/dev/null \
+        2>"$work/refused.txt" || status=$?
+    [ "$status" -eq 4 ] &&
+        grep -q "cannot read /etc/plasmasuite/registry.reg: No such file" "$work/refused.txt" &&
+        env -u LUMACFG_PROGRAM_DIR -u LUMACFG_REGISTRY QT_QPA_PLATFORM=offscreen timeout 60 \
+            /usr/bin/lumacfg --screenshot "$work/first-start.png" &&
+        test "$(png_size "$work/first-start.png")" != "$(png_size "$work/window.png")" &&
+        ! ls /usr/bin | grep -qix "lumagen.ist" && test ! -e /etc/plasmasuite/registry.reg
+}
+check "without a registry store: the window asks, lumacfg-cli names it (exit 4)" \
+    asks_without_store
 
 remove_package() {
     DEBIAN_FRONTEND=noninteractive "${sudo_cmd[@]}" apt-get purge -y -qq lumacfg >/dev/null
