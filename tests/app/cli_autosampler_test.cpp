@@ -86,16 +86,20 @@ TEST_F(CliAutosamplerTest, ARefusedFieldOrCheckExitsOneAndWritesNothing) {
         {{"RACK1_ID=24"}, "no autosampler is chosen, so Setup... is greyed"},
         {{"ALS_TYPE=5", "RACK1_ID=24"}, "Setup... opens the V-AS dialog"},
         {{"ALS_TYPE=1", "SAMPLE_DEPTH=3"}, "Setup... opens the ASX500 tray and rack dialog"},
-        {{"ALS_TYPE=2", "RACK1_ID=21"}, "Cb_ID(0) offers 24, 48, 96"},
-        {{"ALS_TYPE=2", "RACK5_ID=48"}, "Cb_ID(4) is not shown"},
-        {{"ALS_TYPE=6", "COM_PORT=5"}, "Cb_COM offers COM1, COM2, COM3, COM4"},
+        {{"ALS_TYPE=2", "RACK1_ID=21"}, "the \"Rack ID 1\" list offers 24, 48, 96"},
+        {{"ALS_TYPE=2", "RACK5_ID=48"},
+         "the \"Rack ID 5\" list is not shown because the \"ASX100 Configuration\" dialog has 4 "
+         "rack positions"},
+        {{"ALS_TYPE=6", "COM_PORT=5"},
+         "the \"COM Port for ALS\" list offers COM1, COM2, COM3, COM4"},
         {{"ALS_TYPE=1", "TRAY=Three racks"},
-         "cmbTrayType offers Standard 4/5, Standard 4/10, "
+         "the \"Tray Type\" list offers Standard 4/5, Standard 4/10, "
          "Two racks"},
         {{"ALS_TYPE=1", "TRAY=Two racks", "RACK(2)=Long"},
          "Invalid rack is specified for the current tray type.\nLength of the rack might be "
          "wrong."},
-        {{"ALS_TYPE=1", "TRAY=Standard 4/5", "RACK(5)=21"}, "cmbRacks(4) is greyed"},
+        {{"ALS_TYPE=1", "TRAY=Standard 4/5", "RACK(5)=21"},
+         "the \"Rack ID 5\" list is greyed because the tray \"Standard 4/5\" has 4 rack positions"},
     };
     for (const auto& c : cases) {
         std::vector<std::string> args = {"set"};

@@ -8,6 +8,7 @@
 #include "ui/autosampler/asx500_dialog.h"
 #include "ui/autosampler/asx_dialog.h"
 #include "ui/autosampler/vas_dialog.h"
+#include "ui/dialog/refusal.h"
 #include "ui/main/main_dialog.h"
 
 namespace lumacfg::cli {
@@ -115,16 +116,15 @@ class DialogEditor {
         const bool offered = index >= 0 && index < static_cast<int>(state.items.size());
         if (offered && state.chosen == index) return kExitOk;
         if (!state.enabled || !state.visible) {
-            return Refuse(
-                field, value,
-                list + (state.visible ? " is greyed" : " is not shown") + " with the values given");
+            return Refuse(field, value, ui::WhyNotChangeable(dialog_, list));
         }
         if (!offered) {
             std::string entries;
             for (const std::string& item : state.items)
                 entries += (entries.empty() ? "" : ", ") + item;
             return Refuse(field, value,
-                          list + " offers " + (entries.empty() ? "nothing" : entries));
+                          ui::NameOf(dialog_.State(), list) + " offers " +
+                              (entries.empty() ? "nothing" : entries));
         }
         dialog_.Choose(list, index);
         return kExitOk;

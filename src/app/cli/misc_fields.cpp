@@ -5,6 +5,7 @@
 
 #include "app/cli/commands.h"
 #include "ui/dialog/chosen_entry.h"
+#include "ui/dialog/refusal.h"
 #include "ui/main/main_dialog.h"
 #include "ui/misc/misc_dialog.h"
 
@@ -79,8 +80,8 @@ class MiscEditor {
     }
 
     int Greyed(const MiscField& field, const std::string& value, const std::string& control) {
-        err_ << "lumacfg-cli: cannot set " << field.name << "=" << value << ": " << control
-             << " is greyed in the Miscellaneous dialog with the values given\n";
+        err_ << "lumacfg-cli: cannot set " << field.name << "=" << value << ": "
+             << ui::WhyNotChangeable(dialog_, control) << '\n';
         return kExitRefused;
     }
 

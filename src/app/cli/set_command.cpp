@@ -18,6 +18,7 @@
 #include "config/start_up.h"
 #include "platform/services.h"
 #include "racks/custom_racks.h"
+#include "ui/dialog/refusal.h"
 #include "ui/main/connection_fields.h"
 #include "ui/main/main_dialog.h"
 #include "ui/main/sample_introduction.h"
@@ -223,10 +224,7 @@ class WindowEditor {
         return kExitRefused;
     }
     int Greyed(std::string_view name, std::string_view value, std::string_view control) {
-        return Refuse(name, value,
-                      std::string(control) +
-                          (Of(control).visible ? " is greyed" : " is not shown") +
-                          " in the main window with the values given");
+        return Refuse(name, value, ui::WhyNotChangeable(window_, control));
     }
 
     int Check(std::string_view name, std::string_view value, std::string_view control, bool want) {

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "integration/help.h"
 #include "resources/string_table.h"
+#include "ui/dialog/refusal.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -83,6 +84,8 @@ Asx500Dialog::Asx500Dialog(const ConfigRecord& record) : comPort_(record.COM_POR
     controls_["btnHelp"].text = caption(kHelp);
 
     controls_.Fill("cmbCOMPort", ComPortEntries());
+    controls_.TitleAfterLabel("cmbCOMPort", "lblCOMPort");
+    for (int i = 0; i < kPositions; ++i) controls_.TitleAfterLabel(RackList(i), RackLabel(i));
     controls_.UserChoice("cmbCOMPort", record.COM_PORT - 1);
 
     std::vector<std::string> trays(std::begin(kStandardTrayNames), std::end(kStandardTrayNames));
@@ -90,6 +93,7 @@ Asx500Dialog::Asx500Dialog(const ConfigRecord& record) : comPort_(record.COM_POR
         if (tray.id != kNoId && !tray.name.empty()) trays.push_back(tray.name);
     }
     controls_.Fill("cmbTrayType", std::move(trays));
+    controls_.TitleAfterLabel("cmbTrayType", "lblTrayType");
     const TraySelection& working = RackTrays().WorkingTray;
     const std::string trayName = IsStandardTrayId(working.tray) ? kStandardTrayNames[working.tray]
                                  : IsCustomId(working.tray)
@@ -101,6 +105,15 @@ Asx500Dialog::Asx500Dialog(const ConfigRecord& record) : comPort_(record.COM_POR
     for (int i = 0; i < kPositions; ++i) {
         if (PositionUsable(i)) PresetPosition(i, working.rack[static_cast<std::size_t>(i)], false);
     }
+}
+
+// A position's list is greyed when the tray chosen has no such position.
+std::string Asx500Dialog::WhyUnusable(std::string_view control) const {
+    if (!control.starts_with("cmbRacks(")) return {};
+    int usable = 0;
+    while (usable < kPositions && PositionUsable(usable)) ++usable;
+    return "because the tray " + Quoted(controls_.ChosenText("cmbTrayType")) + " has " +
+           IntText(usable) + " rack positions";
 }
 
 std::int16_t Asx500Dialog::ChosenTray() const {

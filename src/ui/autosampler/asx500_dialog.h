@@ -46,6 +46,7 @@ class Asx500Dialog final : public DialogModel {
     // "cmbCOMPort", "cmbTrayType", "cmbRacks(0)".."cmbRacks(8)".
     void Choose(std::string_view control, int index) override;
     DialogEnd End() const override { return end_; }
+    std::string WhyUnusable(std::string_view control) const override;
 
     // After OK: the port and the selection into the record and the working selection.
     void Accept(ConfigRecord& record, TraySelection& working) const;

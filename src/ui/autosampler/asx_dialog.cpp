@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "integration/help.h"
 #include "resources/string_table.h"
+#include "ui/dialog/refusal.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -65,6 +66,7 @@ AsxDialog::AsxDialog(const ConfigRecord& record, std::string_view autosampler,
     controls_["Lbl_COM"].text = LoadResString(kTextComLabel);
     controls_["Gb_Rack"].text = LoadResString(kTextRacksFrame);
     controls_.Fill("Cb_COM", ComPortEntries());
+    controls_.TitleAfterLabel("Cb_COM", "Lbl_COM");
     Preselect(controls_, "Cb_COM", "COM" + IntText(record.COM_PORT));
     controls_["Fm_ASX"].text = LoadResString(variant.title);
 
@@ -77,12 +79,24 @@ AsxDialog::AsxDialog(const ConfigRecord& record, std::string_view autosampler,
         }
         controls_[Indexed("Lbl_ID", i)].text = LoadResString(kTextFirstRackLabel + i);
         controls_.Fill(Indexed("Cb_ID", i), RackChoices(variant.racks));
+        controls_.TitleAfterLabel(Indexed("Cb_ID", i), Indexed("Lbl_ID", i));
         Preselect(controls_, Indexed("Cb_ID", i), IntText(*racks[static_cast<std::size_t>(i)]));
     }
     if (opalApplicationInUse) {
         controls_["Cb_COM"].enabled = false;
         controls_["Lbl_COM"].enabled = false;
     }
+}
+
+std::string AsxDialog::WhyUnusable(std::string_view control) const {
+    if (control == "Cb_COM") return std::string(kPortHeldByOpal);
+    if (!controls_[control].visible) {
+        int shown = 0;
+        while (shown < kAsxRackPositions && controls_[Indexed("Cb_ID", shown)].visible) ++shown;
+        return "because the " + Quoted(controls_["Fm_ASX"].text) + " dialog has " + IntText(shown) +
+               " rack positions";
+    }
+    return {};
 }
 
 void AsxDialog::SetText(std::string_view control, std::string text) {

@@ -28,6 +28,7 @@ class AsxDialog final : public DialogModel {
     // "Cb_COM", "Cb_ID(0)".."Cb_ID(7)".
     void Choose(std::string_view control, int index) override;
     DialogEnd End() const override { return end_; }
+    std::string WhyUnusable(std::string_view control) const override;
 
     // After OK: COM_PORT and RACK1_ID..RACK8_ID into the record.
     void Accept(ConfigRecord& record) const;

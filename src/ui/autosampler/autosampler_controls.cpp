@@ -6,6 +6,7 @@
 #include "integration/help.h"
 #include "platform/services.h"
 #include "resources/string_table.h"
+#include "ui/dialog/refusal.h"
 
 namespace lumacfg::ui {
 
@@ -63,6 +64,10 @@ void ControlTable::Fill(std::string_view list, std::vector<std::string> items) {
     ControlState& control = (*this)[list];
     control.items = std::move(items);
     control.chosen = -1;
+}
+
+void ControlTable::TitleAfterLabel(std::string_view list, std::string_view label) {
+    (*this)[list].title = ListTitle((*this)[label]);
 }
 
 bool ControlTable::UserChoice(std::string_view list, int index) {

@@ -26,6 +26,10 @@ void ShowAutosamplerMessage(int text);
 void ShowAutosamplerHelp(std::int32_t topic);
 
 // The controls of one dialog by name.
+// Why a dialog's serial port list is greyed: the OPAL application chosen drives the autosampler.
+inline constexpr std::string_view kPortHeldByOpal =
+    "while an OPAL application is chosen in the main window (it drives the autosampler)";
+
 class ControlTable {
   public:
     const Controls& All() const { return controls_; }
@@ -40,6 +44,8 @@ class ControlTable {
     void Fill(std::string_view list, std::vector<std::string> items);
     // A choice the user makes: taken when the list is usable and the entry exists.
     bool UserChoice(std::string_view list, int index);
+    // Names a list after its label where messages name it ("the \"COM Port\" list").
+    void TitleAfterLabel(std::string_view list, std::string_view label);
 
   private:
     Controls controls_;

@@ -68,6 +68,8 @@ VasDialog::VasDialog(const ConfigRecord& record, bool opalApplicationInUse) : ac
     for (int i = 0; i < kTrays; ++i) trays.push_back(LoadResString(kTextFirstTray + i));
     controls_.Fill("Cb_TRAY", std::move(trays));
     controls_.Fill("Cb_COM", ComPortEntries());
+    controls_.TitleAfterLabel("Cb_COM", "Lbl_COM");
+    controls_.TitleAfterLabel("Cb_TRAY", "Lbl_TRAYID");
     controls_["Cb_COM"].chosen = 0;
     controls_.ChooseText("Cb_COM", "COM" + IntText(record.COM_PORT));
     if (record.TRAY_ID >= 0 && record.TRAY_ID < kTrays)
@@ -82,6 +84,10 @@ VasDialog::VasDialog(const ConfigRecord& record, bool opalApplicationInUse) : ac
         controls_["Cb_COM"].enabled = false;
         controls_["Lbl_COM"].enabled = false;
     }
+}
+
+std::string VasDialog::WhyUnusable(std::string_view control) const {
+    return control == "Cb_COM" ? std::string(kPortHeldByOpal) : std::string();
 }
 
 void VasDialog::SetText(std::string_view control, std::string text) {

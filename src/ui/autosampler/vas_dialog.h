@@ -40,6 +40,7 @@ class VasDialog final : public DialogModel {
     // Cleans a depth box.
     void LeaveBox(std::string_view control) override;
     DialogEnd End() const override { return end_; }
+    std::string WhyUnusable(std::string_view control) const override;
 
     // After OK: COM_PORT, TRAY_ID, the four depths and ESC_MODE into the record.
     void Accept(ConfigRecord& record) const;

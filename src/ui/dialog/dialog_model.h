@@ -21,6 +21,9 @@ struct ControlState {
     bool checked = false;            // a check box, or the chosen option button of a group
     std::vector<std::string> items;  // the entries of a list
     int chosen = -1;                 // the chosen entry of a list, -1 for none
+    // How messages name a box or a list, which has no caption of its own ("the GPIB address
+    // box"); empty for a control named by its caption.
+    std::string title;
     bool operator==(const ControlState&) const = default;
 };
 
@@ -78,6 +81,12 @@ class DialogModel {
     virtual void LeaveBox(std::string_view control) { (void)control; }
     // Whether the last action ended the dialog.
     virtual DialogEnd End() const = 0;
+    // Why a greyed or hidden control is so, as the end of a sentence ("while \"Security\" is
+    // checked", "for a LAN instrument"); empty when the dialog says no more than that it is.
+    virtual std::string WhyUnusable(std::string_view control) const {
+        (void)control;
+        return {};
+    }
     // The dialog's window became active (shown, or brought back): placed as every dialog of the
     // data system is each time, at the top of the z-order, centred on the desktop's work area.
     virtual void Activated(platform::WindowHandle window) { PlaceDialog(kPlaceAtTop, window, 0); }

@@ -8,6 +8,7 @@
 #include "config/serial_settings.h"
 #include "platform/services.h"
 #include "resources/string_table.h"
+#include "ui/dialog/refusal.h"
 #include "ui/main/connection_fields.h"
 #include "ui/main/sample_introduction.h"
 
@@ -144,8 +145,10 @@ void MainDialog::CreateControls() {
     // Connection and remote start.
     caption("Gb_BrenmarkIB", kTextGpibFrame);
     caption("Lbl_Address", kTextGpibAddress);
-    Control("Ed_Address");
-    for (int i = 0; i < kOctetBoxes; ++i) Control(Indexed("Ed_IP", i));
+    Control("Ed_Address").title = "the GPIB address box";
+    for (int i = 0; i < kOctetBoxes; ++i) {
+        Control(Indexed("Ed_IP", i)).title = "the IP address box " + IntText(i + 1) + " of 4";
+    }
     for (int i = 0; i < kOctetBoxes - 1; ++i) Control(Indexed("Ed_IPDot", i)).text = ".";
     caption("Ck_Offline", 116);
     caption("Gb_Remort", 118);
@@ -155,23 +158,26 @@ void MainDialog::CreateControls() {
     // Sample introduction.
     caption("Gb_Intro", 121);
     caption("Lbl_Type", 122);
-    Control("Cb_Type");
+    Control("Cb_Type").title = ListTitle(Control("Lbl_Type"));
     caption("Cd_TypeSet", 132);
     caption("Lbl_Auto", 123);
-    Control("Cb_Auto");
+    Control("Cb_Auto").title = ListTitle(Control("Lbl_Auto"));
     caption("Cd_AutoSet", 132);
     caption("Lbl_MPMApp", 155);
-    Control("Cb_MPMApp");
+    Control("Cb_MPMApp").title = ListTitle(Control("Lbl_MPMApp"));
     hidden(Indexed("Cb_MPMFileStd", 0));
     hidden(Indexed("Cb_MPMFileStd", 1));
     hidden("Cb_MPMFileUsr");
     caption("Ck_CtrlLCGC", 163);
     caption("Lbl_LCInst", 164);
     ControlState& instruments = Control("Cb_LCInst");
+    instruments.title = ListTitle(Control("Lbl_LCInst"));
     for (int n = 1; n <= kLcInstruments; ++n) instruments.items.push_back(IntText(n));
     // Prohibited masses, QC mode, EM protection.
     caption("Gb_Inhibit", 124);
-    for (int i = 0; i < kMassBoxes; ++i) Control(Indexed("Ed_Inhibit", i));
+    for (int i = 0; i < kMassBoxes; ++i) {
+        Control(Indexed("Ed_Inhibit", i)).title = "the prohibited mass box " + IntText(i + 1);
+    }
     caption("Gb_QCMode", 133);
     caption("Lbl_Mode", 134);
     Control("Lbl_QCFile");
@@ -184,7 +190,7 @@ void MainDialog::CreateControls() {
     caption("Ck_Security", 157);
     caption("Ck_VLT", 171);
     caption("Lb_Title_VLTFolder", 172);
-    Control("Lb_VLTFolder");
+    Control("Lb_VLTFolder").title = "the " + Quoted(Control("Lb_Title_VLTFolder").text) + " folder";
     Control("Cd_SelVLTFolder").text = "...";
     caption("Ck_AlwaysPrt", 170);
     // Buttons outside the frames.
@@ -391,6 +397,42 @@ void MainDialog::ApplySecurityFrame() {
     for (std::string_view name : {"Lb_Title_VLTFolder", "Lb_VLTFolder", "Cd_SelVLTFolder"}) {
         Control(name).enabled = folder;
     }
+}
+
+// Each reason follows the rule above that greys or hides the control.
+std::string MainDialog::WhyUnusable(std::string_view control) const {
+    const bool lan = record_.ICPMS_TYPE == 2;
+    const std::string forOpal = "for the sample introduction " + Quoted(TypeText(kOpalType));
+    const std::string unlessLcGc =
+        "unless the sample introduction is " + Quoted(TypeText(kLcGcType));
+    const std::string notAdmin = "because the user logged on may not change the security settings";
+    const bool admin = record_.CAN_EDIT == 1;
+    if (control == "Ed_Address" || control.starts_with("Ed_IP(")) {
+        if (!Control(control).visible)
+            return lan ? "for a LAN instrument" : "for a GPIB instrument";
+        return WhileChecked(Control("Ck_Offline"));
+    }
+    if (control == "Cd_AutoSet") return "while no autosampler is chosen";
+    if (control == "Op_Wait" || control == "Op_NotUse") {
+        return opalMode_ ? forOpal : WhileChecked(Control("Ck_CtrlLCGC"));
+    }
+    if (control == "Ck_NotRepRem") {
+        if (!Control(control).visible) return unlessLcGc;
+        return opalMode_ ? forOpal : WhileChosen(Control("Op_NotUse"));
+    }
+    if (control == "Cb_MPMApp") {
+        return "unless the sample introduction is " + Quoted(TypeText(kOpalType));
+    }
+    if (control == "Ck_CtrlLCGC") return unlessLcGc;
+    if (control == "Cb_LCInst") return WhileNotChecked(Control("Ck_CtrlLCGC"));
+    if (control == "Gb_Security" || control == "Ck_Security") return notAdmin;
+    if (control == "Ck_AlwaysPrt") return admin ? WhileChecked(Control("Ck_Security")) : notAdmin;
+    if (control == "Ck_VLT") return admin ? WhileNotChecked(Control("Ck_Security")) : notAdmin;
+    if (control == "Lb_VLTFolder" || control == "Cd_SelVLTFolder") {
+        return Control("Ck_VLT").enabled ? WhileNotChecked(Control("Ck_VLT"))
+                                         : WhyUnusable("Ck_VLT");
+    }
+    return {};
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -53,6 +53,9 @@ class MainDialog final : public DialogModel {
     // left first (the view moves the focus to "Cd_Save" before it clicks it).
     void LeaveBox(std::string_view control) override;
     DialogEnd End() const override;
+    // The window's enabling rules said as reasons: the connection, remote start, the OPAL and
+    // LC/GC controls, the autosampler's Setup... and the security frame.
+    std::string WhyUnusable(std::string_view control) const override;
 
     // Copies the window's record into `record`: after Save, the controls as stored by Save with
     // SAVE_REQ 1; after Cancel, SAVE_REQ 0.

@@ -1,5 +1,6 @@
 #include "ui/misc/misc_dialog.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -9,6 +10,7 @@
 #include "integration/help.h"
 #include "platform/services.h"
 #include "resources/string_table.h"
+#include "ui/dialog/refusal.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -113,10 +115,10 @@ MiscDialog::MiscDialog(const ConfigRecord& record, MiscSurroundings surroundings
     caption("Ck_StopPP", 314);
     caption("Ck_CG", 315);
     caption("Lbl_FlowRate", 316);
-    Control("Txt_CGFlow");
+    Control("Txt_CGFlow").title = BoxTitle(Control("Lbl_FlowRate"));
     Control("Lbl_CG").text = "L/min";
     caption("Lbl_StabTime", 317);
-    Control("Txt_StabTime");
+    Control("Txt_StabTime").title = BoxTitle(Control("Lbl_StabTime"));
     Control("Lbl_StUnit").text = "sec";
     Populate(record, surroundings);
 }
@@ -150,6 +152,24 @@ void MiscDialog::Populate(const ConfigRecord& record, const MiscSurroundings& su
     Control("Txt_CGFlow").text = FormatNumber(record.OPT_CHG_FLW, NumberFormat::TwoDecimals);
     Control("Txt_StabTime").text = FormatNumber(record.OPT_CHG_TIME, NumberFormat::Integer);
     Control("Ck_ExtPump").enabled = externalPump;
+}
+
+std::string MiscDialog::WhyUnusable(std::string_view control) const {
+    const ControlState& changeGas = controls_.at("Ck_CG");
+    if (control == "Ck_Pmp2") return "because the instrument has no sample pump option";
+    if (control == "Ck_ExtPump") {
+        return "unless the sample introduction is " +
+               Quoted(CutAtNul(LoadResString(kTextOpalType))) + " with the application " +
+               Quoted(CutAtNul(LoadResString(kTextDiscreteSampling)));
+    }
+    const bool followsGas =
+        std::find_if(std::begin(kFlowControls), std::end(kFlowControls),
+                     [&](const char* name) { return control == name; }) != std::end(kFlowControls);
+    if (followsGas && changeGas.enabled) return WhileNotChecked(changeGas);
+    if (followsGas || control == "Gb_ProbeMove" || control == "Ck_StopPP" || control == "Ck_CG") {
+        return "while no autosampler is chosen";
+    }
+    return {};
 }
 
 void MiscDialog::ApplyFlowEnabling(bool enabled) {

@@ -41,6 +41,9 @@ class MiscDialog final : public DialogModel {
     // Cleans "Txt_CGFlow" and "Txt_StabTime".
     void LeaveBox(std::string_view control) override;
     DialogEnd End() const override { return end_; }
+    // The dialog's enabling rules said as reasons: the sample pump, the probe's moves, the
+    // carrier gas flow and the external pump.
+    std::string WhyUnusable(std::string_view control) const override;
 
     // After OK: the options into `record` and SAVE_REQ 1. After Cancel: SAVE_REQ 0. While the
     // dialog is open (closed by its frame): nothing.
