@@ -80,6 +80,9 @@ MainWindow::MainWindow(MainDialog& model, QWidget* parent) : QDialog(parent), mo
     window->addLayout(columns);
     window->addSpacing(style()->pixelMetric(QStyle::PM_LayoutVerticalSpacing));
     window->addLayout(buttons);
+    // The window keeps the size its controls ask for: a window manager then offers no resize
+    // handle (an empty strip along the bottom edge) for a window that has nothing to stretch.
+    window->setSizeConstraint(QLayout::SetFixedSize);
 
     // Enter never saves by accident: no button is the default one.
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
