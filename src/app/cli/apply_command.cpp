@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -15,11 +16,12 @@
 #include "base/json.h"
 #include "base/windows1252.h"
 #include "config/config_record.h"
+#include "config/load_configuration.h"
 #include "platform/services.h"
+#include "racks/custom_racks.h"
 #include "ui/main/main_dialog.h"
 
 namespace lumacfg::cli {
-namespace {}  // namespace
 
 std::optional<ApplyOptions> ParseApplyOptions(const std::vector<std::string>& args) {
     ApplyOptions options;
@@ -134,15 +136,37 @@ struct Outcome {
     std::vector<FilePreview> files;
 };
 
-// Runs the fields through `set`; the changes are written only when a field changes.
+// The fields as the next start of the program shows them: the record and the tray selection
+// read back from the files as the held changes leave them. A Save stores some fields in a
+// normal form (the inhibited masses in order, the racks an autosampler lacks empty), so the
+// record the window saved can differ from it where the files do not. The fields without a
+// profile key are the running program's and stay.
+StationFields FieldsStored() {
+    ConfigRecord& record = Config();
+    const ConfigRecord saved = record;
+    LoadConfiguration();
+    record.ROOT_PATH = saved.ROOT_PATH;
+    record.ADDON_FLAGS = saved.ADDON_FLAGS;
+    record.AUTOMATE = saved.AUTOMATE;
+    record.CAN_EDIT = saved.CAN_EDIT;
+    (void)LoadCurrentTray();
+    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    ui::MainDialog window(record);
+    StationFields fields = FieldsShown(window);
+    record = saved;
+    return fields;
+}
+
+// Runs the fields through `set`; the changes are written only when a field changes. Every Save
+// stamps the configuration identifier anew, so the files alone would always differ: a change
+// is a field that the next start shows otherwise.
 Outcome Apply(const std::vector<std::string>& assignments, bool dryRun, std::ostream& err) {
     Outcome outcome;
     StationFields before;
     outcome.exit = SetHeld(
         assignments, [&](ui::MainDialog& window) { before = FieldsShown(window); },
         [&](HeldChanges& held) {
-            ui::MainDialog saved(Config());
-            outcome.changed = FieldsShown(saved) != before;
+            outcome.changed = FieldsStored() != before;
             if (!outcome.changed) return;
             outcome.files = held.Preview();
             if (!dryRun) held.Commit();
@@ -164,9 +188,29 @@ std::string Summary(const Outcome& outcome, bool dryRun) {
     return dryRun ? "would change" : "changed";
 }
 
-void PrintJson(std::ostream& out, const Outcome& outcome, bool dryRun, std::string message) {
-    while (!message.empty() && message.back() == '\n') message.pop_back();
-    if (message.empty()) message = Summary(outcome, dryRun);
+// A message box's text goes into the result object's message, answered with the default
+// button as the console answers it.
+class MessagesInto final : public platform::MessageBoxService {
+  public:
+    explicit MessagesInto(std::ostream& report) : report_(report) {}
+    platform::MessageAnswer Show(const platform::MessageRequest& request) override {
+        report_ << request.text << '\n';
+        return platform::DefaultAnswer(request);
+    }
+
+  private:
+    std::ostream& report_;
+};
+
+// The result's message: what was said, after the summary when the apply went through.
+std::string Message(const Outcome& outcome, bool dryRun, std::string said) {
+    while (!said.empty() && said.back() == '\n') said.pop_back();
+    if (outcome.exit != kExitOk) return said;
+    return said.empty() ? Summary(outcome, dryRun) : Summary(outcome, dryRun) + "\n" + said;
+}
+
+void PrintJson(std::ostream& out, const Outcome& outcome, bool dryRun, const std::string& said) {
+    const std::string message = Message(outcome, dryRun, said);
     out << "{\"changed\": " << (outcome.changed ? "true" : "false") << ", \"files\": [";
     const char* separator = "";
     for (const FilePreview& file : outcome.files) {
@@ -194,6 +238,7 @@ int RunApply(const ApplyOptions& options, std::ostream& out, std::ostream& err) 
     // With --json every message goes into the object.
     std::ostringstream messages;
     std::ostream& report = options.json ? messages : err;
+    if (options.json) platform::SetMessages(std::make_unique<MessagesInto>(messages));
     Outcome outcome;
     if (const std::optional<std::string> bytes = ReadDocument(options.file); !bytes) {
         outcome.exit = WithFailures(kExitOk, platform::Failures().Take(), report);
@@ -203,6 +248,7 @@ int RunApply(const ApplyOptions& options, std::ostream& out, std::ostream& err) 
         outcome = Apply(*assignments, options.dryRun, report);
     }
     if (options.json) {
+        platform::SetMessages(nullptr);  // the console's again: `messages` ends here
         PrintJson(out, outcome, options.dryRun, messages.str());
     } else {
         PrintText(out, outcome, options.dryRun);

@@ -230,10 +230,12 @@ int SetAutosamplerFields(ui::MainDialog& window,
 
 namespace {
 
-// The value of one field as the dialog shows it; nullopt for a list without a chosen entry.
+// The value of one field as the dialog shows it; nullopt for a control the dialog hides (a rack
+// position the model lacks) and for a list without a chosen entry.
 std::optional<std::string> ShownValue(const Field& field, const ui::Controls& state,
                                       const std::string& port) {
     const ui::ControlState& control = state.at(field.kind == Kind::Port ? port : field.control);
+    if (!control.visible) return std::nullopt;
     const bool listed =
         control.chosen >= 0 && control.chosen < static_cast<int>(control.items.size());
     switch (field.kind) {

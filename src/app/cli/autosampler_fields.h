@@ -39,7 +39,7 @@ int SetAutosamplerFields(ui::MainDialog& window,
 
 // The fields of the dialog that Setup... opens for the autosampler chosen, each as the dialog
 // opened on the window's record shows it, in the form `set` takes; none when Setup... is greyed.
-// A list that shows no entry gives no field.
+// A hidden control and a list that shows no entry give no field.
 std::vector<std::pair<std::string, std::string>> AutosamplerValues(ui::MainDialog& window);
 
 }  // namespace lumacfg::cli
