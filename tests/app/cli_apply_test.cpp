@@ -11,6 +11,7 @@
 
 #include "base/json.h"
 #include "support/cli_runner.h"
+#include "support/file_times.h"
 #include "support/temp_station.h"
 
 namespace lumacfg {
@@ -19,8 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using support::CliResult;
 
-// Every file of the station with its bytes and its time of last change.
-using Snapshot = std::map<std::string, std::pair<std::string, fs::file_time_type>>;
+using Snapshot = support::FileTimes;
 
 class CliApplyTest : public support::TempStation {
   protected:
@@ -45,16 +45,9 @@ class CliApplyTest : public support::TempStation {
     fs::path Document() const { return root_ / "fields.json"; }
 
     Snapshot Files() const {
-        Snapshot files;
-        for (const auto& entry : fs::recursive_directory_iterator(root_)) {
-            const fs::path& path = entry.path();
-            if (!entry.is_regular_file() || path == Document() ||
-                path.filename() == "cli-stderr.txt") {
-                continue;
-            }
-            files[path.string()] = {support::ReadBytes(path).value_or(""), entry.last_write_time()};
-        }
-        return files;
+        return support::FilesWithTimes(root_, [&](const fs::path& path) {
+            return path == Document() || path.filename() == "cli-stderr.txt";
+        });
     }
 
     std::string Shown(const std::string& name) { return support::ShownValue(name, root_); }
