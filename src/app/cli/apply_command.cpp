@@ -18,7 +18,6 @@
 #include "config/config_record.h"
 #include "config/load_configuration.h"
 #include "platform/services.h"
-#include "racks/custom_racks.h"
 #include "ui/main/main_dialog.h"
 
 namespace lumacfg::cli {
@@ -149,8 +148,7 @@ StationFields FieldsStored() {
     record.ADDON_FLAGS = saved.ADDON_FLAGS;
     record.AUTOMATE = saved.AUTOMATE;
     record.CAN_EDIT = saved.CAN_EDIT;
-    (void)LoadCurrentTray();
-    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    LoadTraySelection();
     ui::MainDialog window(record);
     StationFields fields = FieldsShown(window);
     record = saved;

@@ -80,8 +80,7 @@ int RunShow(std::ostream& out) {
 // What the window loads before it is shown, then what closing it writes after a Save.
 int RunSave() {
     if (int refused = StartStation(); refused != kExitOk) return refused;
-    (void)LoadCurrentTray();
-    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    LoadTraySelection();
     Config().SAVE_REQ = 1;
     for (const platform::FileFailure& failure : CloseStation()) {
         // Kept for the report at the end of the command, with the failures of its writes.
@@ -112,6 +111,11 @@ int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, s
         err << "lumacfg-cli: " << platform::Describe(failure) << '\n';
     }
     return exit == kExitOk && !failures.empty() ? kExitFileFailed : exit;
+}
+
+void LoadTraySelection() {
+    (void)LoadCurrentTray();
+    RackTrays().WorkingTray = RackTrays().CurrentTray;
 }
 
 int StartStation() {

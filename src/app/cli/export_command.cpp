@@ -10,7 +10,6 @@
 #include "base/windows1252.h"
 #include "config/config_record.h"
 #include "config/record_fields.h"
-#include "racks/custom_racks.h"
 #include "ui/main/main_dialog.h"
 
 namespace lumacfg::cli {
@@ -50,8 +49,7 @@ StationFields FieldsShown(ui::MainDialog& window) {
 
 int RunExport(std::ostream& out) {
     if (int refused = StartStation(); refused != kExitOk) return refused;
-    (void)LoadCurrentTray();
-    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    LoadTraySelection();
     ui::MainDialog window(Config());
     WriteDocument(out, FieldsShown(window));
     return kExitOk;

@@ -17,7 +17,6 @@
 #include "config/record_fields.h"
 #include "config/start_up.h"
 #include "platform/services.h"
-#include "racks/custom_racks.h"
 #include "ui/main/connection_fields.h"
 #include "ui/main/main_dialog.h"
 #include "ui/main/sample_introduction.h"
@@ -411,8 +410,7 @@ int RunInWindow(const std::function<int(MainDialog&)>& edit,
         HeldChanges held;
         exit = StartStation();
         if (exit == kExitOk) {
-            (void)LoadCurrentTray();
-            RackTrays().WorkingTray = RackTrays().CurrentTray;
+            LoadTraySelection();
             MainDialog window(Config());
             exit = edit(window);
             if (exit == kExitOk) {
