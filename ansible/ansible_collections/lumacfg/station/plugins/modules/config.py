@@ -81,14 +81,20 @@ changed:
   type: bool
 files:
   description: The station files written (in check mode, that would be written).
-  returned: always
+  returned: when lumacfg-cli ran
   type: list
   elements: str
   sample: ["/srv/stations/a/LUMAEXE/lumagen.ist"]
 message:
-  description: What C(lumacfg-cli) said ("unchanged", "changed", or why it refused).
-  returned: always
+  description: What C(lumacfg-cli) said ("unchanged", "changed", "would change", or why it
+    refused).
+  returned: when lumacfg-cli ran
   type: str
+rc:
+  description: The exit status of C(lumacfg-cli apply) (1 a check refused a value, 2 a field or
+    value it does not take, 3 start-up refused, 4 a file it could not read or write).
+  returned: when lumacfg-cli ran
+  type: int
 """
 
 import json
