@@ -25,6 +25,8 @@ using support::ScopedEnv;
 
 const fs::path kSource = LUMACFG_SOURCE_DIR;
 constexpr int kPlaybookSeconds = 180;
+// Ansible refuses to start under a locale whose encoding is not UTF-8 (a bare container's "C").
+constexpr const char* kUtf8Locale = "C.UTF-8";
 
 bool Installed(const std::string& program) {
     return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
@@ -135,6 +137,7 @@ class StationConfigTest : public ::testing::Test {
     ScopedEnv treeDir_{"ANSIBLE_CALLBACK_TREE_DIR", Tree().string()};
     ScopedEnv stdoutCallback_{"ANSIBLE_STDOUT_CALLBACK", "minimal"};
     ScopedEnv noColour_{"ANSIBLE_NOCOLOR", "1"};
+    ScopedEnv locale_{"LC_ALL", kUtf8Locale};
     ScopedEnv config_{"ANSIBLE_CONFIG", (root_ / "none.cfg").string()};
     ScopedEnv lockDir_{"LUMACFG_LOCK_DIR", root_.string()};
     ScopedEnv auditLog_{"LUMACFG_AUDIT_LOG", (root_ / "audit.log").string()};
@@ -199,6 +202,7 @@ TEST(StationCollectionTest, AnsibleDocShowsTheModule) {
     const support::TempDir temp("lumacfg-ansible-doc");
     const ScopedEnv collections("ANSIBLE_COLLECTIONS_PATH", (kSource / "ansible").string());
     const ScopedEnv home("ANSIBLE_HOME", (temp.Path() / "home").string());
+    const ScopedEnv locale("LC_ALL", kUtf8Locale);
     const CliResult doc = support::RunProgram("ansible-doc", {"lumacfg.station.config"},
                                               temp.Path(), kPlaybookSeconds);
     EXPECT_EQ(doc.exit, 0) << doc.err;
