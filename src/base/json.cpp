@@ -15,6 +15,8 @@ class Reader {
 
     std::variant<JsonValue, JsonError> Document() {
         JsonValue value;
+        // Windows editors often begin a UTF-8 file with a byte-order mark.
+        if (text_.starts_with("\xEF\xBB\xBF")) at_ = 3;
         SkipBlanks();
         if (!Value(value, 0)) return error_;
         SkipBlanks();

@@ -28,8 +28,8 @@ struct JsonError {
     std::string what;
 };
 
-// The document a text holds: one value, blanks around it. Strings must be valid UTF-8; nesting
-// deeper than 64 levels is refused.
+// The document a text holds: one value, blanks around it, a UTF-8 byte-order mark before it
+// skipped. Strings must be valid UTF-8; nesting deeper than 64 levels is refused.
 std::variant<JsonValue, JsonError> ParseJson(std::string_view text);
 
 // "Kind" as a document's reader says it ("a string", "an object").

@@ -88,6 +88,8 @@ TEST(JsonTest, NamesWhereAndWhyATextIsNoDocument) {
     }
     EXPECT_TRUE(
         std::holds_alternative<JsonValue>(ParseJson(std::string(64, '[') + std::string(64, ']'))));
+    EXPECT_EQ(Parsed(ParseJson("\xEF\xBB\xBF\"after a byte-order mark\"")).text,
+              "after a byte-order mark");
 }
 
 TEST(JsonTest, AQuotedTextReadsBackAsItself) {
