@@ -170,7 +170,12 @@ def run_module():
         rc=rc,
     )
     if rc != 0:
-        module.fail_json(msg=outcome["message"], **outcome)
+        # A start-up refused because another copy runs says nothing of its own (exit 3).
+        reason = outcome["message"] or "%s apply ended with exit status %d" % (
+            module.params["cli"],
+            rc,
+        )
+        module.fail_json(msg=reason, **outcome)
     if module._diff and outcome["changed"]:
         outcome["diff"] = dict(prepared=result.get("diff", ""))
     module.exit_json(**outcome)
