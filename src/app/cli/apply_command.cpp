@@ -139,7 +139,8 @@ struct Outcome {
 // read back from the files as the held changes leave them. A Save stores some fields in a
 // normal form (the inhibited masses in order, the racks an autosampler lacks empty), so the
 // record the window saved can differ from it where the files do not. The fields without a
-// profile key are the running program's and stay.
+// profile key are the running program's and stay. (The load completes two option keys when
+// they are missing; Save has just written both, so reading back writes nothing.)
 StationFields FieldsStored() {
     ConfigRecord& record = Config();
     const ConfigRecord saved = record;
