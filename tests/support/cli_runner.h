@@ -19,11 +19,12 @@ struct CliResult {
 };
 
 // Each argument is quoted for the shell; the standard error goes through a file in `scratch`.
+// A program that blocks is a fault of its own: it is ended after `seconds`, never waited for
+// forever.
 inline CliResult RunProgram(const std::string& program, const std::vector<std::string>& args,
-                            const std::filesystem::path& scratch) {
+                            const std::filesystem::path& scratch, int seconds = 20) {
     const std::string errFile = (scratch / "cli-stderr.txt").string();
-    // A program that blocks is a fault of its own: it is ended, never waited for forever.
-    std::string command = "timeout -s KILL 20 " + program;
+    std::string command = "timeout -s KILL " + std::to_string(seconds) + " " + program;
     for (const std::string& arg : args) {
         command += " '";
         for (char c : arg) command += c == '\'' ? std::string("'\\''") : std::string(1, c);

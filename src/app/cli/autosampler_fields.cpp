@@ -228,4 +228,64 @@ int SetAutosamplerFields(ui::MainDialog& window,
     return kExitOk;
 }
 
+namespace {
+
+// The value of one field as the dialog shows it; nullopt for a control the dialog hides (a rack
+// position the model lacks) and for a list without a chosen entry.
+std::optional<std::string> ShownValue(const Field& field, const ui::Controls& state,
+                                      const std::string& port) {
+    const ui::ControlState& control = state.at(field.kind == Kind::Port ? port : field.control);
+    if (!control.visible) return std::nullopt;
+    const bool listed =
+        control.chosen >= 0 && control.chosen < static_cast<int>(control.items.size());
+    switch (field.kind) {
+        case Kind::Port:
+            if (!listed || !control.items[control.chosen].starts_with("COM")) return std::nullopt;
+            return control.items[control.chosen].substr(3);
+        case Kind::Entry:
+            if (!listed) return std::nullopt;
+            return control.items[control.chosen];
+        case Kind::Position:
+            if (!listed) return std::nullopt;
+            return std::to_string(control.chosen);
+        case Kind::Box:
+            return control.text;
+        case Kind::Check:
+            return control.checked ? "1" : "0";
+    }
+    return std::nullopt;
+}
+
+std::vector<std::pair<std::string, std::string>> ShownValues(AutosamplerSetup dialog,
+                                                             const ui::Controls& state,
+                                                             const std::string& port) {
+    std::vector<std::pair<std::string, std::string>> values;
+    for (const Field& field : Fields()) {
+        if (std::find(field.dialogs.begin(), field.dialogs.end(), dialog) == field.dialogs.end())
+            continue;
+        if (auto value = ShownValue(field, state, port)) values.emplace_back(field.name, *value);
+    }
+    return values;
+}
+
+}  // namespace
+
+std::vector<std::pair<std::string, std::string>> AutosamplerValues(ui::MainDialog& window) {
+    if (!window.State().find("Cd_AutoSet")->second.enabled) return {};
+    const AutosamplerSetup dialog = window.AutosamplerDialog(IsCurrentTrayIdValid());
+    const ConfigRecord& record = window.Record();
+    const bool opalInUse = window.OpalApplicationsUsable();
+    switch (dialog) {
+        case AutosamplerSetup::Asx500Trays:
+            return ShownValues(dialog, ui::Asx500Dialog(record).State(), "cmbCOMPort");
+        case AutosamplerSetup::Vas:
+            return ShownValues(dialog, ui::VasDialog(record, opalInUse).State(), "Cb_COM");
+        case AutosamplerSetup::Legacy:
+            return ShownValues(dialog,
+                               ui::AsxDialog(record, window.AutosamplerText(), opalInUse).State(),
+                               "Cb_COM");
+    }
+    return {};
+}
+
 }  // namespace lumacfg::cli

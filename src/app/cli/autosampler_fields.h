@@ -17,6 +17,8 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace lumacfg::ui {
 class MainDialog;
@@ -34,5 +36,10 @@ std::optional<std::string> AutosamplerFormProblem(std::string_view name, std::st
 // reason on `err` (a check of the dialog shows its own message) and the window's record as it was.
 int SetAutosamplerFields(ui::MainDialog& window,
                          const std::map<std::string_view, std::string>& values, std::ostream& err);
+
+// The fields of the dialog that Setup... opens for the autosampler chosen, each as the dialog
+// opened on the window's record shows it, in the form `set` takes; none when Setup... is greyed.
+// A hidden control and a list that shows no entry give no field.
+std::vector<std::pair<std::string, std::string>> AutosamplerValues(ui::MainDialog& window);
 
 }  // namespace lumacfg::cli

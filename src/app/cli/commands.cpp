@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/apply_command.h"
+#include "app/cli/export_command.h"
 #include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
@@ -22,6 +24,7 @@ constexpr std::string_view kUsage =
     "usage: lumacfg-cli show | save | tray\n"
     "       lumacfg-cli set [--dry-run] NAME=VALUE ...\n"
     "       lumacfg-cli reset [--dry-run]\n"
+    "       lumacfg-cli export | apply [--dry-run] [--json] FILE|-\n"
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
@@ -77,8 +80,7 @@ int RunShow(std::ostream& out) {
 // What the window loads before it is shown, then what closing it writes after a Save.
 int RunSave() {
     if (int refused = StartStation(); refused != kExitOk) return refused;
-    (void)LoadCurrentTray();
-    RackTrays().WorkingTray = RackTrays().CurrentTray;
+    LoadTraySelection();
     Config().SAVE_REQ = 1;
     for (const platform::FileFailure& failure : CloseStation()) {
         // Kept for the report at the end of the command, with the failures of its writes.
@@ -111,6 +113,11 @@ int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, s
     return exit == kExitOk && !failures.empty() ? kExitFileFailed : exit;
 }
 
+void LoadTraySelection() {
+    (void)LoadCurrentTray();
+    RackTrays().WorkingTray = RackTrays().CurrentTray;
+}
+
 int StartStation() {
     switch (StartUp(StartUpOptions{.commandLineEmpty = false})) {
         case StartUpResult::Continue:
@@ -128,6 +135,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
     if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
+    if (command == "apply") {
+        const auto options = ParseApplyOptions({args.begin() + 1, args.end()});
+        return options ? RunApply(*options, out, err) : Usage(err);
+    }
     if (command == "notify") {
         const int exit = RunNotify({args.begin() + 1, args.end()}, err);
         return exit == kExitUsage ? Usage(err) : exit;
@@ -143,6 +154,7 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     }
     if (command == "show") return InOneBatch([&] { return RunShow(out); }, err);
     if (command == "save") return InOneBatch(RunSave, err);
+    if (command == "export") return InOneBatch([&] { return RunExport(out); }, err);
     if (command == "tray") return InOneBatch([&] { return RunTrayCommand(out); }, err);
     return Usage(err);
 }

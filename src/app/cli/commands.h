@@ -23,6 +23,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
 // exit code of a refused or failed start-up.
 int StartStation();
 
+// The tray selection as the window loads it before it is shown: the current tray of
+// "custrack.ini", copied to the working one.
+void LoadTraySelection();
+
 // Names every file that could not be read or written. A command that succeeded otherwise exits
 // 4; one that already failed keeps its own exit code.
 int WithFailures(int exit, const std::vector<platform::FileFailure>& failures, std::ostream& err);

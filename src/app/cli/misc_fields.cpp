@@ -125,4 +125,28 @@ int ApplyMiscellaneous(ui::MainDialog& window,
     return kExitOk;
 }
 
+std::vector<std::pair<std::string_view, std::string>> MiscellaneousValues(ui::MainDialog& window) {
+    const ui::Controls& shown = window.State();
+    const ui::MiscDialog dialog(window.Record(),
+                                ui::MiscSurroundingsOf(ui::ChosenEntry(shown, "Cb_Type"),
+                                                       ui::ChosenEntry(shown, "Cb_MPMApp")));
+    const ui::Controls& state = dialog.State();
+    std::vector<std::pair<std::string_view, std::string>> values;
+    for (const MiscField& field : kMiscFields) {
+        const std::string control(field.control);
+        switch (field.kind) {
+            case MiscField::Flag:
+                values.emplace_back(field.name, state.at(control).checked ? "1" : "0");
+                break;
+            case MiscField::Option:
+                values.emplace_back(field.name, state.at(control + "(1)").checked ? "1" : "0");
+                break;
+            case MiscField::Box:
+                values.emplace_back(field.name, state.at(control).text);
+                break;
+        }
+    }
+    return values;
+}
+
 }  // namespace lumacfg::cli

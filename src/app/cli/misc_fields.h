@@ -7,6 +7,8 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace lumacfg::ui {
 class MainDialog;
@@ -26,5 +28,9 @@ std::optional<std::string> MiscellaneousFormProblem(std::string_view field, std:
 // field is given. A control greyed with the values given exits 1, naming it.
 int ApplyMiscellaneous(ui::MainDialog& window,
                        const std::map<std::string_view, std::string>& values, std::ostream& err);
+
+// Each Miscellaneous field as the dialog opened on the window's record shows it, in the form
+// `set` takes (a flag 0 or 1, a box's text), in the order `set` sets them.
+std::vector<std::pair<std::string_view, std::string>> MiscellaneousValues(ui::MainDialog& window);
 
 }  // namespace lumacfg::cli

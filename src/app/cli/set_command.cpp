@@ -17,7 +17,6 @@
 #include "config/record_fields.h"
 #include "config/start_up.h"
 #include "platform/services.h"
-#include "racks/custom_racks.h"
 #include "ui/dialog/refusal.h"
 #include "ui/main/connection_fields.h"
 #include "ui/main/main_dialog.h"
@@ -400,17 +399,16 @@ class WindowEditor {
 };
 
 // Start-up and the window as `set` and `reset` drive it; the changes held until Save has passed
-// every check, then written (or, for a dry run, shown).
-int RunInWindow(const std::function<int(MainDialog&)>& edit, bool dryRun, std::ostream& out,
-                std::ostream& err) {
+// every check and the closing steps are done, then handed to `settle` (which writes them, or
+// shows them for a dry run).
+int RunInWindow(const std::function<int(MainDialog&)>& edit,
+                const std::function<void(HeldChanges&)>& settle, std::ostream& err) {
     int exit = kExitOk;
-    std::vector<FilePreview> previews;
     {
         HeldChanges held;
         exit = StartStation();
         if (exit == kExitOk) {
-            (void)LoadCurrentTray();
-            RackTrays().WorkingTray = RackTrays().CurrentTray;
+            LoadTraySelection();
             MainDialog window(Config());
             exit = edit(window);
             if (exit == kExitOk) {
@@ -422,18 +420,38 @@ int RunInWindow(const std::function<int(MainDialog&)>& edit, bool dryRun, std::o
                 for (const platform::FileFailure& failure : CloseStation()) {
                     platform::Failures().Report(failure.operation, failure.path, failure.reason);
                 }
-                if (dryRun) {
-                    previews = held.Preview();
-                } else {
-                    held.Commit();
-                }
+                settle(held);
             }
         }
     }
+    return WithFailures(exit, platform::Failures().Take(), err);
+}
+
+// The changes written, or for a dry run each file that would change as a unified diff.
+int RunWithDryRun(const std::function<int(MainDialog&)>& edit, bool dryRun, std::ostream& out,
+                  std::ostream& err) {
+    std::vector<FilePreview> previews;
+    const int exit = RunInWindow(
+        edit,
+        [&](HeldChanges& held) {
+            if (dryRun) {
+                previews = held.Preview();
+            } else {
+                held.Commit();
+            }
+        },
+        err);
     for (const FilePreview& preview : previews) {
         out << UnifiedDiff(preview.path, preview.before, preview.after);
     }
-    return WithFailures(exit, platform::Failures().Take(), err);
+    return exit;
+}
+
+// The fields given put into the window's controls, the Miscellaneous dialog's through it.
+int EditFields(MainDialog& window, const std::map<std::string_view, std::string>& values,
+               std::ostream& err) {
+    const int exit = WindowEditor(window, err).Apply(values);
+    return exit == kExitOk ? ApplyMiscellaneous(window, values, err) : exit;
 }
 
 }  // namespace
@@ -442,21 +460,36 @@ int RunSet(const std::vector<std::string>& assignments, bool dryRun, std::ostrea
            std::ostream& err) {
     auto values = ParseAssignments(assignments, err);
     if (!values) return kExitUsage;
-    return RunInWindow(
-        [&](MainDialog& window) {
-            const int exit = WindowEditor(window, err).Apply(*values);
-            return exit == kExitOk ? ApplyMiscellaneous(window, *values, err) : exit;
-        },
-        dryRun, out, err);
+    return RunWithDryRun([&](MainDialog& window) { return EditFields(window, *values, err); },
+                         dryRun, out, err);
 }
 
 int RunReset(bool dryRun, std::ostream& out, std::ostream& err) {
-    return RunInWindow(
+    return RunWithDryRun(
         [](MainDialog& window) {
             window.Click("Cd_Reset");
             return kExitOk;
         },
         dryRun, out, err);
+}
+
+int SetHeld(const std::vector<std::string>& assignments,
+            const std::function<void(MainDialog&)>& look,
+            const std::function<void(HeldChanges&)>& settle, std::ostream& err) {
+    auto values = ParseAssignments(assignments, err);
+    if (!values) return kExitUsage;
+    return RunInWindow(
+        [&](MainDialog& window) {
+            look(window);
+            return EditFields(window, *values, err);
+        },
+        settle, err);
+}
+
+std::vector<std::string_view> MainWindowFieldNames() {
+    std::vector<std::string_view> names;
+    for (const MainField& field : kMainFields) names.push_back(field.name);
+    return names;
 }
 
 }  // namespace lumacfg::cli
