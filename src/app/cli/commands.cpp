@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/custrack_command.h"
 #include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
@@ -25,6 +26,11 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
+    "       lumacfg-cli custrack list\n"
+    "       lumacfg-cli custrack [--dry-run] new tray|rack [KEY=VALUE ...]\n"
+    "       lumacfg-cli custrack [--dry-run] copy SECTION [KEY=VALUE ...]\n"
+    "       lumacfg-cli custrack [--dry-run] set SECTION KEY=VALUE ...\n"
+    "       lumacfg-cli custrack [--dry-run] delete SECTION\n"
     "       lumacfg-cli notify QCFILE FOLDER FILE | notify TOOLBAR\n"
     "       lumacfg-cli --help | --version\n";
 
@@ -128,6 +134,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     const std::string& command = args[0];
     if (command == "profile") return RunProfile(args, out, err);
     if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
+    if (command == "custrack") {
+        const int exit = RunCustrack({args.begin() + 1, args.end()}, out, err);
+        return exit == kExitUsage ? Usage(err) : exit;
+    }
     if (command == "notify") {
         const int exit = RunNotify({args.begin() + 1, args.end()}, err);
         return exit == kExitUsage ? Usage(err) : exit;

@@ -35,6 +35,11 @@ struct TrayPlan {
     std::vector<TrayPosition> positions;
 };
 
+// The plan of the tray `trayId` named `trayName` with the racks `racks` at its positions 1, 2, ...,
+// judged with the custom definitions of `tables` (which the plan points into).
+TrayPlan PlanTray(const RackTrayState& tables, std::int16_t trayId, std::string trayName,
+                  const std::vector<std::int16_t>& racks);
+
 class Asx500Dialog final : public DialogModel {
   public:
     explicit Asx500Dialog(const ConfigRecord& record);
@@ -53,10 +58,17 @@ class Asx500Dialog final : public DialogModel {
     // The tray and each usable position's rack with its verdict, as OK would judge them now.
     TrayPlan Plan() const;
 
+    // An editor wrote custrack.ini: the custom tables are loaded from it again and the tray and
+    // rack lists filled anew, the tray and each position keeping its choice (by id, so a renamed
+    // entry shows its new name) while it is still there.
+    void TablesChanged();
+
     // The control that a refusal sent the focus to, once; "" when none.
     std::string TakeFocusRequest();
 
   private:
+    void FillTrayList();
+    void ShowSelection(const TraySelection& selection);
     std::int16_t ChosenTray() const;
     std::int16_t PositionRack(int position) const;
     bool PositionUsable(int position) const;

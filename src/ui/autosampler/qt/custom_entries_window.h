@@ -1,0 +1,29 @@
+// The window of an editor of custom trays or racks ("dlgCustomTrays", "dlgCustomRacks"): the
+// list of entries with New, Copy and Delete under it; the chosen entry's keys in a frame, one
+// row per key with its range, and the loader's verdict under them; the picture beside them (a
+// rack's editor also says how the rack fits each custom tray); OK, Cancel and Help below.
+#pragma once
+
+#include "ui/autosampler/custom_entries_dialog.h"
+#include "ui/autosampler/qt/autosampler_window.h"
+
+namespace lumacfg::ui {
+
+class TrayPicture;
+
+class CustomEntriesWindow final : public AutosamplerWindow {
+    Q_OBJECT
+
+  public:
+    CustomEntriesWindow(CustomEntriesDialog& model, EntryKind kind, QWidget* parent = nullptr);
+
+    TrayPicture& Picture() { return *picture_; }
+
+  private:
+    void AfterAction();
+
+    CustomEntriesDialog& model_;
+    TrayPicture* picture_ = nullptr;
+};
+
+}  // namespace lumacfg::ui
