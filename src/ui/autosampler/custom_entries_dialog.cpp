@@ -185,9 +185,13 @@ void CustomEntriesDialog::ShowDefaultRacks(const CustrackEntry* entry) {
         const auto value = CustrackNumber(text);
         const auto known =
             std::find(defaultRackIds_.begin(), defaultRackIds_.end(), value.value_or(kNoId));
-        int chosen = static_cast<int>(known - defaultRackIds_.begin());
-        if (known == defaultRackIds_.end()) items.push_back(text.empty() ? "(missing)" : text);
         const bool usable = position <= positions;
+        int chosen = static_cast<int>(known - defaultRackIds_.begin());
+        // A position the tray does not have shows nothing where the file holds nothing.
+        if (known == defaultRackIds_.end() && !usable && text.empty())
+            chosen = -1;
+        else if (known == defaultRackIds_.end())
+            items.push_back(text.empty() ? "(missing)" : text);
         controls_.Fill(list, std::move(items));
         controls_[list].chosen = entry != nullptr ? chosen : -1;
         controls_[list].enabled = usable;

@@ -56,12 +56,17 @@ CustomEntriesWindow::CustomEntriesWindow(CustomEntriesDialog& model, EntryKind k
     : AutosamplerWindow(model, kind == EntryKind::Tray ? "dlgCustomTrays" : "dlgCustomRacks",
                         "btnOK", "btnCancel", parent),
       model_(model) {
+    // The list, its buttons and the picture under them share the left column; the keys take the
+    // right one, so the window stays narrow enough for a small screen.
     auto* entries = new QVBoxLayout;
     auto* caption = Make<QLabel>(this, "lblEntries");
     auto* list = Make<QListWidget>(this, "lstEntries");
     caption->setBuddy(list);
+    // A long verdict wraps rather than hide behind a scroll bar.
+    list->setWordWrap(true);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     entries->addWidget(caption);
-    entries->addWidget(list, 1);
+    entries->addWidget(list);
     auto* edits = new QHBoxLayout;
     for (const char* button : {"btnNew", "btnCopy", "btnDelete"}) {
         auto* made = Make<QPushButton>(this, button);
@@ -69,22 +74,19 @@ CustomEntriesWindow::CustomEntriesWindow(CustomEntriesDialog& model, EntryKind k
         edits->addWidget(made);
     }
     entries->addLayout(edits);
+    picture_ = new TrayPicture(this);
+    picture_->setObjectName(QStringLiteral("TrayPicture"));
+    entries->addWidget(picture_, 1);
+    if (kind == EntryKind::Rack) entries->addWidget(WrappedLabel(this, "lblFits"));
 
     auto* entry = new QVBoxLayout;
     entry->addWidget(EntryFrame(this, kind));
     entry->addWidget(WrappedLabel(this, "lblVerdict"));
     entry->addStretch(1);
 
-    auto* pictureColumn = new QVBoxLayout;
-    picture_ = new TrayPicture(this);
-    picture_->setObjectName(QStringLiteral("TrayPicture"));
-    pictureColumn->addWidget(picture_, 1);
-    if (kind == EntryKind::Rack) pictureColumn->addWidget(WrappedLabel(this, "lblFits"));
-
     auto* columns = new QHBoxLayout;
-    columns->addLayout(entries);
+    columns->addLayout(entries, 1);
     columns->addLayout(entry);
-    columns->addLayout(pictureColumn, 1);
     auto* window = new QVBoxLayout(this);
     window->addLayout(columns, 1);
     window->addLayout(ButtonRow({{"btnOK", {}}, {"btnCancel", {}}, {"btnHelp", {}}}));
