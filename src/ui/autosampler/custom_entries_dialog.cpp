@@ -322,7 +322,22 @@ void CustomEntriesDialog::Delete() {
     ShowEntry();
 }
 
+// A value typed into a box of the chosen entry and not left yet is taken as leaving the box
+// would take it; false when one is refused.
+bool CustomEntriesDialog::TakeTypedValues() {
+    const CustrackEntry* entry = Chosen();
+    if (entry == nullptr) return true;
+    for (const std::string& key : EntryKeys(kind_)) {
+        const std::string box = ControlOfKey(key);
+        if (IsDefRackKey(key) || controls_[box].text == entry->Text(key)) continue;
+        LeaveBox(box);
+        if (!refusedBox_.empty()) return false;
+    }
+    return true;
+}
+
 void CustomEntriesDialog::Ok() {
+    if (!TakeTypedValues()) return;
     std::string message;
     if (const CustrackEntry* faulty = entries_.FirstFaultyEdit(&message)) {
         if (faulty->kind == kind_) ChooseEntry(faulty);

@@ -56,6 +56,7 @@ class CustomEntriesDialog final : public DialogModel {
     void Refuse(const std::string& message, std::string focus);
     void NewOrCopy(bool copy);
     void Delete();
+    bool TakeTypedValues();
     void Ok();
 
     EntryKind kind_;

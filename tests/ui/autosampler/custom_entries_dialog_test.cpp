@@ -106,6 +106,14 @@ TEST_F(CustomEntriesDialogTest, ABoxIsCheckedWhenItIsLeftAndARefusedValueHoldsTh
     racks->Choose("lstEntries", 2);
     racks->LeaveBox("txtVIAL_Y_NUM");
     EXPECT_EQ(Shown().size(), 1u);
+    // OK checks a value typed but not yet left as leaving would.
+    racks->SetText("txtVIAL_Y_NUM", "500");
+    racks->Click("btnOK");
+    EXPECT_EQ(Shown().back(),
+              "VIAL_Y_NUM: 500 with VIAL_X_NUM 4 makes 2000 vials; the accepted range is "
+              "VIAL_X_NUM times VIAL_Y_NUM at most 999.");
+    EXPECT_EQ(racks->TakeFocusRequest(), "txtVIAL_Y_NUM");
+    EXPECT_EQ(racks->End(), DialogEnd::Open);
     racks->Click("btnCancel");
     EXPECT_EQ(racks->End(), DialogEnd::Cancelled);
     EXPECT_EQ(Read(), kFile);
