@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view kIndexSection = "INDEX";
 constexpr std::string_view kCurrentSection = "CURRENT";
-constexpr std::array<std::int16_t, 5> kStandardRacks = {21, 24, 40, 60, 90};
 constexpr std::string_view kStandardTrayNames[] = {"Standard 4/5", "Standard 4/10"};
 // A 16-character buffer: a longer "ID_STR" comes back cut to 15 characters.
 constexpr int kNameBuffer = kMaxNameLength + 1;
@@ -257,7 +256,8 @@ bool IsStandardTrayId(std::int32_t id) {
 }
 
 bool IsStandardRackId(std::int32_t id) {
-    return std::find(kStandardRacks.begin(), kStandardRacks.end(), id) != kStandardRacks.end();
+    return std::find(kStandardRackIds.begin(), kStandardRackIds.end(), id) !=
+           kStandardRackIds.end();
 }
 
 bool IsCustomId(std::int32_t id) {
@@ -381,7 +381,7 @@ std::string RackNameFromId(std::int16_t id) {
 
 std::int16_t RackIdFromName(std::string_view name) {
     if (TrimSpaces(name).empty()) return kNoId;
-    for (const std::int16_t rack : kStandardRacks) {
+    for (const std::int16_t rack : kStandardRackIds) {
         if (name == IntText(rack)) return rack;
     }
     return IdOfNamedSlot(RackTrays().CustomRacks, name);

@@ -44,10 +44,6 @@ std::string DefRackKey(int position) {
     return Numbered(kDefRackPrefix, position);
 }
 
-bool IsDefRackKey(std::string_view key) {
-    return key.starts_with(kDefRackPrefix);
-}
-
 std::string_view CountKey(EntryKind kind) {
     return kind == EntryKind::Tray ? "Tray_Num" : "Rack_Num";
 }
@@ -425,10 +421,11 @@ std::string CustrackEntries::NameRefusal(const CustrackEntry& entry, std::string
         return std::string(kNameKey) + ": " + shown + " is outside the accepted range " +
                NameRangeText() + ".";
     // The dialogs find racks and trays by name, the standard ones first.
-    const bool standard = entry.kind == EntryKind::Rack
-                              ? IsStandardRackId(LenientInt32(name)) && IsNumber(name) &&
-                                    name == IntText(LenientInt32(name))
-                              : TrayIdFromName(name) == 0 || TrayIdFromName(name) == 1;
+    const bool standard =
+        entry.kind == EntryKind::Rack
+            ? std::any_of(kStandardRackIds.begin(), kStandardRackIds.end(),
+                          [name](std::int16_t rack) { return name == IntText(rack); })
+            : IsStandardTrayId(TrayIdFromName(name));
     if (standard)
         return std::string(kNameKey) + ": " + shown + " is the name of a standard " +
                std::string(KindWord(entry.kind)) + ".";
@@ -445,8 +442,10 @@ std::string CustrackEntries::DefaultRackRefusal(std::string_view key, std::int32
     for (const CustrackEntry* listed : Listed(EntryKind::Rack)) {
         if (listed->id == rack) return {};
     }
-    return std::string(key) + ": " + IntText(rack) +
-           " is not a rack; accepted are 0 (none), 21, 24, 40, 60, 90 and the custom racks.";
+    std::string accepted = "0 (none)";
+    for (const std::int16_t standard : kStandardRackIds) accepted += ", " + IntText(standard);
+    return std::string(key) + ": " + IntText(rack) + " is not a rack; accepted are " + accepted +
+           " and the custom racks.";
 }
 
 std::int16_t CustrackEntries::FreeId(EntryKind kind) const {

@@ -43,5 +43,8 @@ inline constexpr std::string_view kDefRackPrefix = "DEFRACK";
 inline constexpr std::int32_t kMissingGeometry = 32767;
 inline constexpr std::int32_t kDefRackLow = 0;
 inline constexpr std::int32_t kDefRackHigh = 4100;
+inline bool IsDefRackKey(std::string_view key) {
+    return key.starts_with(kDefRackPrefix);
+}
 
 }  // namespace lumacfg

@@ -91,10 +91,12 @@ void PictureOfClick(ui::MainWindow& window, const QString& control, const QStrin
             if ((!open || awaiting) && (waited += kPollMs) < kPatienceMs) return;
             poll->stop();
             if (open && !awaiting) saved = opened->grab().save(file, "PNG");
-            // A window opened from another is closed with it.
-            while (QWidget* modal = QApplication::activeModalWidget()) {
-                if (modal == &window) break;
+            // A window opened from another is closed with it; one that stays open ends the loop.
+            for (QWidget* modal = QApplication::activeModalWidget();
+                 modal != nullptr && modal != &window;) {
                 modal->close();
+                QWidget* next = QApplication::activeModalWidget();
+                modal = next != modal ? next : nullptr;
             }
             window.close();
         });

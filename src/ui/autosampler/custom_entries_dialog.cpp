@@ -18,14 +18,9 @@ constexpr std::string_view kList = "lstEntries";
 constexpr std::string_view kBoxPrefix = "txt";
 constexpr std::string_view kDefRackListPrefix = "cmb";
 constexpr std::string_view kNoDefaultRack = "(none)";
-constexpr std::int16_t kStandardRacks[] = {21, 24, 40, 60, 90};
 
 std::string DialogName(EntryKind kind) {
     return kind == EntryKind::Tray ? "dlgCustomTrays" : "dlgCustomRacks";
-}
-
-bool IsDefRackKey(std::string_view key) {
-    return key.starts_with(kDefRackPrefix);
 }
 
 std::size_t Slot(std::int16_t id) {
@@ -167,7 +162,7 @@ void CustomEntriesDialog::ShowEntry() {
 void CustomEntriesDialog::ShowDefaultRacks(const CustrackEntry* entry) {
     std::vector<std::string> names{std::string(kNoDefaultRack)};
     defaultRackIds_.assign({0});
-    for (const std::int16_t rack : kStandardRacks) {
+    for (const std::int16_t rack : kStandardRackIds) {
         names.push_back(IntText(rack));
         defaultRackIds_.push_back(rack);
     }

@@ -18,8 +18,6 @@ class CustomEntriesWindow final : public AutosamplerWindow {
   public:
     CustomEntriesWindow(CustomEntriesDialog& model, EntryKind kind, QWidget* parent = nullptr);
 
-    TrayPicture& Picture() { return *picture_; }
-
   private:
     void AfterAction();
 
