@@ -46,7 +46,8 @@ class Asx500Dialog final : public DialogModel {
 
     const Controls& State() const override { return controls_.All(); }
     void SetText(std::string_view control, std::string text) override;
-    // "btnOK", "btnCancel", "btnHelp"; "btnConfigTray" and "btnConfigRack" start nothing.
+    // "btnOK", "btnCancel", "btnHelp"; the window opens the editors of "btnConfigTray" and
+    // "btnConfigRack" itself (CustomEntriesDialog), then calls TablesChanged after their OK.
     void Click(std::string_view control) override;
     // "cmbCOMPort", "cmbTrayType", "cmbRacks(0)".."cmbRacks(8)".
     void Choose(std::string_view control, int index) override;
