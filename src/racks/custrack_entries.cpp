@@ -133,6 +133,29 @@ std::optional<EntryFault> CheckRack(const CustrackEntry& entry, CustomRackDef& r
     return CheckRules<CustomRackDef>(entry, VialGeometryRules(), rack);
 }
 
+// The refusal of a number outside the key's range; "" when it lies within.
+std::string RangeRefusal(const std::string& key, KeyRange range, std::optional<std::int32_t> value,
+                         std::string_view text) {
+    if (value && *value >= range.low && *value <= range.high) return {};
+    const std::string shown = value ? IntText(*value) : Quoted(TrimBlanks(text));
+    return key + ": " + shown + " is outside the accepted range " +
+           RangeText(range.low, range.high) + ".";
+}
+
+// The refusal of a vial count whose product with the other count exceeds kMaxVials; "" for
+// other keys and while the other count is outside 1..kMaxVials (its own fault, and no product).
+std::string VialCountRefusal(const CustrackEntry& entry, const std::string& key,
+                             std::int32_t value) {
+    if (key != "VIAL_X_NUM" && key != "VIAL_Y_NUM") return {};
+    const std::string other = key == "VIAL_X_NUM" ? "VIAL_Y_NUM" : "VIAL_X_NUM";
+    const auto otherCount = CustrackNumber(entry.Text(other));
+    if (!otherCount || *otherCount < 1 || *otherCount > kMaxVials ||
+        value * *otherCount <= kMaxVials)
+        return {};
+    return key + ": " + IntText(value) + " with " + other + " " + IntText(*otherCount) + " makes " +
+           IntText(value * *otherCount) + " vials; the accepted range is " + ProductRange() + ".";
+}
+
 // Every value that passes its own range, the others 0: what a picture can show of an entry
 // that does not load.
 template <typename Def>
@@ -391,25 +414,12 @@ std::string CustrackEntries::SetValue(CustrackEntry& entry, std::string_view key
         entry.touched = true;
         return {};
     }
-    const KeyRange range = *RangeOfKey(entry.kind, *known);
     const auto value = RoundToInt32(LenientNumber(text));
-    if (IsDefRackKey(*known)) {
-        if (std::string refusal = DefaultRackRefusal(*known, value.value_or(kNoId));
-            !refusal.empty())
-            return refusal;
-    } else if (!value || *value < range.low || *value > range.high) {
-        const std::string shown = value ? IntText(*value) : Quoted(TrimBlanks(text));
-        return *known + ": " + shown + " is outside the accepted range " +
-               RangeText(range.low, range.high) + ".";
-    }
-    if (*known == "VIAL_X_NUM" || *known == "VIAL_Y_NUM") {
-        const std::string other = *known == "VIAL_X_NUM" ? "VIAL_Y_NUM" : "VIAL_X_NUM";
-        const auto otherCount = CustrackNumber(entry.Text(other));
-        if (otherCount && *otherCount >= 1 && *value * *otherCount > kMaxVials)
-            return *known + ": " + IntText(*value) + " with " + other + " " + IntText(*otherCount) +
-                   " makes " + IntText(*value * *otherCount) + " vials; the accepted range is " +
-                   ProductRange() + ".";
-    }
+    std::string refusal = IsDefRackKey(*known)
+                              ? DefaultRackRefusal(*known, value.value_or(kNoId))
+                              : RangeRefusal(*known, *RangeOfKey(entry.kind, *known), value, text);
+    if (refusal.empty()) refusal = VialCountRefusal(entry, *known, *value);
+    if (!refusal.empty()) return refusal;
     TextOf(entry, *known) = IntText(*value);
     entry.touched = true;
     return {};
