@@ -94,6 +94,14 @@ TEST_F(CustrackEntriesTest, ValuesAreCheckedAgainstTheLoadersRanges) {
     }
 }
 
+TEST_F(CustrackEntriesTest, AVialCountOutOfRangeInTheFileIsItsOwnFaultAndNoProduct) {
+    Write(Ini("[INDEX];Rack_Num=1;Rack1_ID=1000") + Rack(1000, "VIAL_Y_NUM=2000000000"));
+    CustrackEntries entries = Entries();
+    CustrackEntry& rack = *entries.Find("RACK_1000");
+    EXPECT_EQ(entries.SetValue(rack, "VIAL_X_NUM", "999"), "");
+    EXPECT_EQ(entries.Verdict(rack), "VIAL_Y_NUM=\"2000000000\" (accepted: 1..999)");
+}
+
 TEST_F(CustrackEntriesTest, VerdictsAreTheLoadersAndAFaultyEntryCanBeRepaired) {
     // Rack 1001 with 20 x 50 vials and a depth that is not a number: the loader stops there,
     // and 1002 after it is not loaded.
