@@ -5,9 +5,11 @@
 # mode and the wait window (while the toolbar stand-in runs), each opened by its button; then the
 # dialogs of the autosampler's Setup... button, each on a copy whose autosampler was chosen with
 # lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
-# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; and the first-start
-# window, where no station is named ("first-start.png"). Runs the built
-# programs under a virtual X server; builds nothing.
+# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; the editors that
+# the ASX500 dialog's Configure Tray... and Configure Rack... open: "custom-trays.png" (a default
+# rack too wide for its position) and "custom-racks.png" (a rack too long for one tray); and the
+# first-start window, where no station is named ("first-start.png"). Runs the built programs
+# under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -59,6 +61,14 @@ station 1
 "$cli" set ALS_TYPE=1 >/dev/null
 "$cli" profile set "$LUMACFG_PROGRAM_DIR/custrack.ini" CURRENT RACK3_ID 1004
 picture asx500-misfit.png --click Cd_AutoSet
+# The editor accepts a default rack that does not fit (the picture marks it), as the file does.
+station 1
+"$cli" set ALS_TYPE=1 >/dev/null
+"$cli" custrack set TRAY_1000 DEFRACK3=1004
+picture custom-trays.png --click Cd_AutoSet/btnConfigTray
+station 1
+"$cli" set ALS_TYPE=1 >/dev/null
+picture custom-racks.png --click Cd_AutoSet/btnConfigRack
 setup vas.png ALS_TYPE=5 SAMPLE_DEPTH=40
 setup asx-klr8.png ALS_TYPE=6
 setup asx-asx100.png ALS_TYPE=2

@@ -6,18 +6,16 @@
 #include "base/numbers.h"
 #include "base/text.h"
 #include "platform/services.h"
+#include "racks/custrack_keys.h"
 
 namespace lumacfg {
 namespace {
 
 constexpr std::string_view kIndexSection = "INDEX";
 constexpr std::string_view kCurrentSection = "CURRENT";
-constexpr std::array<std::int16_t, 5> kStandardRacks = {21, 24, 40, 60, 90};
 constexpr std::string_view kStandardTrayNames[] = {"Standard 4/5", "Standard 4/10"};
 // A 16-character buffer: a longer "ID_STR" comes back cut to 15 characters.
-constexpr int kNameBuffer = 16;
-// The default of the mandatory tray geometry keys; reading it means the key is missing.
-constexpr std::int32_t kMissingGeometry = 32767;
+constexpr int kNameBuffer = kMaxNameLength + 1;
 
 std::string NumberedName(std::string_view prefix, long long number, std::string_view suffix) {
     std::string name(prefix);
@@ -57,17 +55,6 @@ class NumberReader {
     std::optional<CustrackNumberError> error_;
 };
 
-// One numeric key of a definition section: its default, the accepted range and the field that
-// stores it. Every range lies within the 16-bit fields.
-template <typename Def>
-struct FieldRule {
-    std::string_view key;
-    std::int32_t defaultValue;
-    std::int32_t low;
-    std::int32_t high;
-    std::int16_t Def::*field;
-};
-
 // Reads and stores the keys in order; false at the first one outside its range.
 // `forcedDefault` replaces the rules' defaults.
 template <typename Def>
@@ -83,48 +70,10 @@ bool ReadFields(NumberReader& reader, std::string_view section,
     return true;
 }
 
-using RackRule = FieldRule<CustomRackDef>;
-using TrayRule = FieldRule<CustomTrayDef>;
-
-constexpr RackRule kVialCounts[] = {
-    {"VIAL_X_NUM", 0, 1, 999, &CustomRackDef::vialXNum},
-    {"VIAL_Y_NUM", 0, 1, 999, &CustomRackDef::vialYNum},
-};
-constexpr RackRule kVialGeometry[] = {
-    {"VIAL_X_ORG", 0, 0, 4100, &CustomRackDef::vialXOrg},
-    {"VIAL_Y_ORG", 0, 0, 2700, &CustomRackDef::vialYOrg},
-    {"VIAL_X_DIST", 0, 0, 4100, &CustomRackDef::vialXDist},
-    {"VIAL_Y_DIST", 0, 0, 2700, &CustomRackDef::vialYDist},
-    {"VIAL_DEPTH", 0, 0, 160, &CustomRackDef::vialDepth},
-};
-constexpr int kMaxVials = 999;
-
-// The rack-position geometry is mandatory: a missing key reads as 32767, which fails. The
-// -300 lower bound of RACK_X_ORG is the accepted format; RACK_Y_DIST takes any value of its
-// field except the missing-key default.
-constexpr TrayRule kRackPositions[] = {
-    {"RACK_X_NUM", 0, 1, 9, &CustomTrayDef::rackXNum},
-    {"RACK_X_ORG", kMissingGeometry, -300, 4100, &CustomTrayDef::rackXOrg},
-    {"RACK_Y_ORG", kMissingGeometry, 0, 2700, &CustomTrayDef::rackYOrg},
-    {"RACK_X_DIST", kMissingGeometry, 0, 4100, &CustomTrayDef::rackXDist},
-    {"RACK_Y_DIST", kMissingGeometry, -32768, kMissingGeometry - 1, &CustomTrayDef::rackYDist},
-};
-// The bottle row is optional: missing keys give 0, which passes.
-constexpr TrayRule kBottleRow[] = {
-    {"BOTTLE_X_NUM", 0, 0, 10, &CustomTrayDef::bottleXNum},
-    {"BOTTLE_X_ORG", 0, 0, 4100, &CustomTrayDef::bottleXOrg},
-    {"BOTTLE_Y_ORG", 0, 0, 2700, &CustomTrayDef::bottleYOrg},
-    {"BOTTLE_X_DIST", 0, 0, 4100, &CustomTrayDef::bottleXDist},
-    {"BOTTLE_DEPTH", 0, 0, 160, &CustomTrayDef::bottleDepth},
-};
-// DEFRACK values hold rack ids but are accepted within 0..4100, as the format always was.
-constexpr std::int32_t kDefRackLow = 0;
-constexpr std::int32_t kDefRackHigh = 4100;
-
 bool ReadRackNumbers(NumberReader& reader, std::string_view section, CustomRackDef& rack) {
-    return ReadFields<CustomRackDef>(reader, section, kVialCounts, rack) &&
+    return ReadFields<CustomRackDef>(reader, section, VialCountRules(), rack) &&
            rack.vialXNum * rack.vialYNum <= kMaxVials &&
-           ReadFields<CustomRackDef>(reader, section, kVialGeometry, rack);
+           ReadFields<CustomRackDef>(reader, section, VialGeometryRules(), rack);
 }
 
 // Default racks of positions 1..rackXNum, up to the first value outside 0..4100, which ends
@@ -133,7 +82,7 @@ bool ReadDefaultRacks(NumberReader& reader, std::string_view section, CustomTray
     tray.defRack.fill(0);
     for (int position = 1; position <= tray.rackXNum; ++position) {
         const auto rack =
-            reader.Read(section, NumberedName("DEFRACK", position, ""), kMissingGeometry);
+            reader.Read(section, NumberedName(kDefRackPrefix, position, ""), kMissingGeometry);
         if (!rack) return false;
         if (*rack < kDefRackLow || *rack > kDefRackHigh) return true;
         tray.defRack[position - 1] = static_cast<std::int16_t>(*rack);
@@ -142,9 +91,9 @@ bool ReadDefaultRacks(NumberReader& reader, std::string_view section, CustomTray
 }
 
 bool ReadTrayNumbers(NumberReader& reader, std::string_view section, CustomTrayDef& tray) {
-    return ReadFields<CustomTrayDef>(reader, section, kRackPositions, tray) &&
+    return ReadFields<CustomTrayDef>(reader, section, RackPositionRules(), tray) &&
            ReadDefaultRacks(reader, section, tray) &&
-           ReadFields<CustomTrayDef>(reader, section, kBottleRow, tray);
+           ReadFields<CustomTrayDef>(reader, section, BottleRowRules(), tray);
 }
 
 // How one list of "[INDEX]" leads to its definition sections and table.
@@ -208,8 +157,8 @@ bool CustomRackSectionPasses(NumberReader& reader, std::int32_t rackId) {
     const auto id = reader.Read(section, "ID", kNoId);
     if (!id || *id == kNoId) return false;
     CustomRackDef scratch;
-    return ReadFields<CustomRackDef>(reader, section, kVialCounts, scratch, kNoId) &&
-           ReadFields<CustomRackDef>(reader, section, kVialGeometry, scratch, kNoId);
+    return ReadFields<CustomRackDef>(reader, section, VialCountRules(), scratch, kNoId) &&
+           ReadFields<CustomRackDef>(reader, section, VialGeometryRules(), scratch, kNoId);
 }
 
 bool RackValidForTray(NumberReader& reader, std::int32_t trayId, std::int32_t rackId) {
@@ -307,7 +256,8 @@ bool IsStandardTrayId(std::int32_t id) {
 }
 
 bool IsStandardRackId(std::int32_t id) {
-    return std::find(kStandardRacks.begin(), kStandardRacks.end(), id) != kStandardRacks.end();
+    return std::find(kStandardRackIds.begin(), kStandardRackIds.end(), id) !=
+           kStandardRackIds.end();
 }
 
 bool IsCustomId(std::int32_t id) {
@@ -431,7 +381,7 @@ std::string RackNameFromId(std::int16_t id) {
 
 std::int16_t RackIdFromName(std::string_view name) {
     if (TrimSpaces(name).empty()) return kNoId;
-    for (const std::int16_t rack : kStandardRacks) {
+    for (const std::int16_t rack : kStandardRackIds) {
         if (name == IntText(rack)) return rack;
     }
     return IdOfNamedSlot(RackTrays().CustomRacks, name);

@@ -24,6 +24,8 @@ inline constexpr std::int16_t kFirstCustomId = 1000;
 inline constexpr std::int16_t kLastCustomId = 1099;
 inline constexpr std::size_t kCustomSlots = 100;
 inline constexpr std::size_t kTrayPositions = 9;
+// The standard racks; each one's name is its id ("60").
+inline constexpr std::array<std::int16_t, 5> kStandardRackIds = {21, 24, 40, 60, 90};
 
 bool IsStandardTrayId(std::int32_t id);
 bool IsStandardRackId(std::int32_t id);

@@ -109,13 +109,22 @@ CustrackInt ReadCustrackInt(std::string_view section, std::string_view key,
     const std::string text(
         CutAtNul(ReadCustrackString(section, key, IntText(defaultValue), kNumberBuffer).text));
     if (text.empty()) return {defaultValue, std::nullopt};
-    if (const auto value = WholeNumber(text)) return {*value, std::nullopt};
+    if (const auto value = CustrackNumber(text)) return {*value, std::nullopt};
     return {0, CustrackNumberError{std::string(section), std::string(key), text}};
+}
+
+std::optional<std::int32_t> CustrackNumber(std::string_view text) {
+    return WholeNumber(text);
 }
 
 bool WriteCustrackString(std::string_view section, std::string_view key, std::string_view value) {
     if (section.empty() || key.empty()) return false;
     return platform::Profiles().WriteString(FilePath(), section, key, value);
+}
+
+bool DeleteCustrackKey(std::string_view section, std::string_view key) {
+    if (section.empty() || key.empty()) return false;
+    return platform::Profiles().WriteString(FilePath(), section, key, std::nullopt);
 }
 
 bool DeleteCustrackSection(std::string_view section) {

@@ -83,8 +83,15 @@ struct CustrackInt {
 CustrackInt ReadCustrackInt(std::string_view section, std::string_view key,
                             std::int32_t defaultValue);
 
+// The number a value of custrack.ini stands for, as ReadCustrackInt converts it; nullopt when the
+// value is not a number.
+std::optional<std::int32_t> CustrackNumber(std::string_view text);
+
 // Writes one key. False when the section or key is empty or the file cannot be written.
 bool WriteCustrackString(std::string_view section, std::string_view key, std::string_view value);
+
+// Removes one key. False when the section or key is empty or the file cannot be written.
+bool DeleteCustrackKey(std::string_view section, std::string_view key);
 
 // Removes a section with all its keys. False when the section name is empty or the file
 // cannot be written.

@@ -7,6 +7,7 @@
 
 #include "app/cli/apply_command.h"
 #include "app/cli/export_command.h"
+#include "app/cli/custrack_command.h"
 #include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
@@ -28,6 +29,11 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli profile get FILE SECTION KEY [DEFAULT]\n"
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
+    "       lumacfg-cli custrack list\n"
+    "       lumacfg-cli custrack [--dry-run] new tray|rack [KEY=VALUE ...]\n"
+    "       lumacfg-cli custrack [--dry-run] copy SECTION [KEY=VALUE ...]\n"
+    "       lumacfg-cli custrack [--dry-run] set SECTION KEY=VALUE ...\n"
+    "       lumacfg-cli custrack [--dry-run] delete SECTION\n"
     "       lumacfg-cli notify QCFILE FOLDER FILE | notify TOOLBAR\n"
     "       lumacfg-cli --help | --version\n";
 
@@ -138,6 +144,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     if (command == "apply") {
         const auto options = ParseApplyOptions({args.begin() + 1, args.end()});
         return options ? RunApply(*options, out, err) : Usage(err);
+    }
+    if (command == "custrack") {
+        const int exit = RunCustrack({args.begin() + 1, args.end()}, out, err);
+        return exit == kExitUsage ? Usage(err) : exit;
     }
     if (command == "notify") {
         const int exit = RunNotify({args.begin() + 1, args.end()}, err);

@@ -1,5 +1,6 @@
 #include "app/gui/desktop_program.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -60,33 +61,48 @@ namespace {
 // Clicks the window's button and, once the modal window it opens has been shown for one poll
 // (placed and laid out at its final size; a dialog that runs its own loop or one opened over
 // the main window), saves a picture of it in `file`, then closes it and the main window. A
-// click that opens nothing within five seconds saves nothing.
+// control path "Cd_AutoSet/btnConfigTray" clicks on in each window opened, and pictures the
+// last. A click that opens nothing within five seconds saves nothing.
 void PictureOfClick(ui::MainWindow& window, const QString& control, const QString& file,
                     bool& saved) {
     constexpr int kPollMs = 50;
     constexpr int kPatienceMs = 5000;
     saved = false;
+    QStringList further = control.split(u'/');
+    const QString first = further.takeFirst();
     auto* poll = new QTimer(&window);
     poll->setInterval(kPollMs);
     QObject::connect(
         poll, &QTimer::timeout, &window,
-        [&window, &saved, file, poll, waited = 0, shown = QPointer<QWidget>()]() mutable {
+        [&window, &saved, file, poll, further, waited = 0, awaiting = false,
+         shown = QPointer<QWidget>()]() mutable {
             QWidget* opened = QApplication::activeModalWidget();
             const bool open = opened != nullptr && opened != &window && opened->isVisible();
             if (open && opened != shown) {
-                shown = opened;  // taken at the next poll
+                shown = opened;  // taken at the next poll, or clicked on in
+                awaiting = !further.isEmpty();
+                if (auto* button = awaiting
+                                       ? opened->findChild<QAbstractButton*>(further.takeFirst())
+                                       : nullptr) {
+                    QMetaObject::invokeMethod(button, &QAbstractButton::click,
+                                              Qt::QueuedConnection);
+                }
                 return;
             }
-            if (!open && (waited += kPollMs) < kPatienceMs) return;
+            if ((!open || awaiting) && (waited += kPollMs) < kPatienceMs) return;
             poll->stop();
-            if (open) {
-                saved = opened->grab().save(file, "PNG");
-                opened->close();
+            if (open && !awaiting) saved = opened->grab().save(file, "PNG");
+            // A window opened from another is closed with it; one that stays open ends the loop.
+            for (QWidget* modal = QApplication::activeModalWidget();
+                 modal != nullptr && modal != &window;) {
+                modal->close();
+                QWidget* next = QApplication::activeModalWidget();
+                modal = next != modal ? next : nullptr;
             }
             window.close();
         });
     poll->start();
-    window.Binder().Click(control);
+    window.Binder().Click(first);
 }
 
 }  // namespace

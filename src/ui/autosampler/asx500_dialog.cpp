@@ -88,22 +88,30 @@ Asx500Dialog::Asx500Dialog(const ConfigRecord& record) : comPort_(record.COM_POR
     for (int i = 0; i < kPositions; ++i) controls_.TitleAfterLabel(RackList(i), RackLabel(i));
     controls_.UserChoice("cmbCOMPort", record.COM_PORT - 1);
 
+    FillTrayList();
+    ShowSelection(RackTrays().WorkingTray);
+}
+
+void Asx500Dialog::FillTrayList() {
     std::vector<std::string> trays(std::begin(kStandardTrayNames), std::end(kStandardTrayNames));
     for (const CustomTrayDef& tray : RackTrays().CustomTrays) {
         if (tray.id != kNoId && !tray.name.empty()) trays.push_back(tray.name);
     }
     controls_.Fill("cmbTrayType", std::move(trays));
     controls_.TitleAfterLabel("cmbTrayType", "lblTrayType");
-    const TraySelection& working = RackTrays().WorkingTray;
-    const std::string trayName = IsStandardTrayId(working.tray) ? kStandardTrayNames[working.tray]
-                                 : IsCustomId(working.tray)
-                                     ? RackTrays().CustomTrays[Slot(working.tray)].name
-                                     : std::string();
-    if (!trayName.empty()) controls_.ChooseText("cmbTrayType", trayName);
+}
 
+// Chooses the selection's tray, sets up its positions and presets them to its racks.
+void Asx500Dialog::ShowSelection(const TraySelection& selection) {
+    const std::string trayName =
+        IsStandardTrayId(selection.tray) ? kStandardTrayNames[selection.tray]
+        : IsCustomId(selection.tray)     ? RackTrays().CustomTrays[Slot(selection.tray)].name
+                                         : std::string();
+    if (!trayName.empty()) controls_.ChooseText("cmbTrayType", trayName);
     SetUpPositions(ChosenTray());
     for (int i = 0; i < kPositions; ++i) {
-        if (PositionUsable(i)) PresetPosition(i, working.rack[static_cast<std::size_t>(i)], false);
+        if (PositionUsable(i))
+            PresetPosition(i, selection.rack[static_cast<std::size_t>(i)], false);
     }
 }
 
@@ -114,6 +122,21 @@ std::string Asx500Dialog::WhyUnusable(std::string_view control) const {
     while (usable < kPositions && PositionUsable(usable)) ++usable;
     return "because the tray " + Quoted(controls_.ChosenText("cmbTrayType")) + " has " +
            IntText(usable) + " rack positions";
+}
+
+void Asx500Dialog::TablesChanged() {
+    TraySelection shown;
+    shown.tray = ChosenTray();
+    for (int i = 0; i < kPositions && PositionUsable(i); ++i)
+        shown.rack[static_cast<std::size_t>(i)] = PositionRack(i);
+    RackTrayState& state = RackTrays();
+    state.CustomTrays = {};
+    state.CustomRacks = {};
+    // A value that is not a number stops its list as it stops the loading; the editors show it.
+    (void)LoadCustomTrays();
+    (void)LoadCustomRacks();
+    FillTrayList();
+    ShowSelection(shown);
 }
 
 std::int16_t Asx500Dialog::ChosenTray() const {
@@ -197,21 +220,32 @@ void Asx500Dialog::Click(std::string_view control) {
     }
 }
 
-TrayPlan Asx500Dialog::Plan() const {
+TrayPlan PlanTray(const RackTrayState& tables, std::int16_t trayId, std::string trayName,
+                  const std::vector<std::int16_t>& racks) {
     TrayPlan plan;
-    plan.trayId = ChosenTray();
-    plan.trayName = controls_.ChosenText("cmbTrayType");
-    if (IsCustomId(plan.trayId)) plan.custom = &RackTrays().CustomTrays[Slot(plan.trayId)];
-    for (int i = 0; i < kPositions && PositionUsable(i); ++i) {
+    plan.trayId = trayId;
+    plan.trayName = std::move(trayName);
+    if (IsCustomId(trayId)) plan.custom = &tables.CustomTrays[Slot(trayId)];
+    for (const std::int16_t rack : racks) {
         TrayPosition position;
-        position.rackId = PositionRack(i);
-        position.rackName = controls_.ChosenText(RackList(i));
-        position.fit = FitOnTray(RackTrays(), plan.trayId, position.rackId);
+        position.rackId = rack;
+        position.rackName =
+            IsCustomId(rack) ? tables.CustomRacks[Slot(rack)].name : RackNameFromId(rack);
+        position.fit = FitOnTray(tables, trayId, rack);
         if (const int message = FitMessage(position.fit)) position.reason = LoadResString(message);
-        if (IsCustomId(position.rackId))
-            position.custom = &RackTrays().CustomRacks[Slot(position.rackId)];
+        if (IsCustomId(rack)) position.custom = &tables.CustomRacks[Slot(rack)];
         plan.positions.push_back(std::move(position));
     }
+    return plan;
+}
+
+TrayPlan Asx500Dialog::Plan() const {
+    std::vector<std::int16_t> racks;
+    for (int i = 0; i < kPositions && PositionUsable(i); ++i) racks.push_back(PositionRack(i));
+    TrayPlan plan = PlanTray(RackTrays(), ChosenTray(), controls_.ChosenText("cmbTrayType"), racks);
+    // A position shows the text it holds, whether or not a rack has that name.
+    for (int i = 0; i < static_cast<int>(plan.positions.size()); ++i)
+        plan.positions[static_cast<std::size_t>(i)].rackName = controls_.ChosenText(RackList(i));
     return plan;
 }
 

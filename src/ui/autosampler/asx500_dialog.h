@@ -35,13 +35,19 @@ struct TrayPlan {
     std::vector<TrayPosition> positions;
 };
 
+// The plan of the tray `trayId` named `trayName` with the racks `racks` at its positions 1, 2, ...,
+// judged with the custom definitions of `tables` (which the plan points into).
+TrayPlan PlanTray(const RackTrayState& tables, std::int16_t trayId, std::string trayName,
+                  const std::vector<std::int16_t>& racks);
+
 class Asx500Dialog final : public DialogModel {
   public:
     explicit Asx500Dialog(const ConfigRecord& record);
 
     const Controls& State() const override { return controls_.All(); }
     void SetText(std::string_view control, std::string text) override;
-    // "btnOK", "btnCancel", "btnHelp"; "btnConfigTray" and "btnConfigRack" start nothing.
+    // "btnOK", "btnCancel", "btnHelp"; the window opens the editors of "btnConfigTray" and
+    // "btnConfigRack" itself (CustomEntriesDialog), then calls TablesChanged after their OK.
     void Click(std::string_view control) override;
     // "cmbCOMPort", "cmbTrayType", "cmbRacks(0)".."cmbRacks(8)".
     void Choose(std::string_view control, int index) override;
@@ -54,10 +60,17 @@ class Asx500Dialog final : public DialogModel {
     // The tray and each usable position's rack with its verdict, as OK would judge them now.
     TrayPlan Plan() const;
 
+    // An editor wrote custrack.ini: the custom tables are loaded from it again and the tray and
+    // rack lists filled anew, the tray and each position keeping its choice (by id, so a renamed
+    // entry shows its new name) while it is still there.
+    void TablesChanged();
+
     // The control that a refusal sent the focus to, once; "" when none.
     std::string TakeFocusRequest();
 
   private:
+    void FillTrayList();
+    void ShowSelection(const TraySelection& selection);
     std::int16_t ChosenTray() const;
     std::int16_t PositionRack(int position) const;
     bool PositionUsable(int position) const;

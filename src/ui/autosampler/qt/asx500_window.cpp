@@ -5,7 +5,9 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <memory>
 
+#include "ui/autosampler/qt/custom_entries_window.h"
 #include "ui/autosampler/qt/tray_picture.h"
 
 namespace lumacfg::ui {
@@ -47,8 +49,24 @@ Asx500Window::Asx500Window(Asx500Dialog& model, QWidget* parent)
     // The captions of the caption block mark their own mnemonics.
     for (QWidget* widget : findChildren<QWidget*>()) KeepCaptionMnemonic(widget);
     Bind();
+    Binder().SetClickAction(QStringLiteral("btnConfigTray"),
+                            [this] { Configure(EntryKind::Tray); });
+    Binder().SetClickAction(QStringLiteral("btnConfigRack"),
+                            [this] { Configure(EntryKind::Rack); });
     connect(&Binder(), &DialogBinder::Shown, this, &Asx500Window::AfterAction);
     AfterAction();
+}
+
+void Asx500Window::Configure(EntryKind kind) {
+    std::shared_ptr<CustomEntriesDialog> editor = OpenCustomEntries(kind);
+    if (!editor) return;
+    auto* view = new CustomEntriesWindow(*editor, kind, this);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    connect(view, &QDialog::finished, this, [this, editor](int result) {
+        if (result == QDialog::Accepted) model_.TablesChanged();
+        Binder().Refresh();
+    });
+    view->open();
 }
 
 void Asx500Window::AfterAction() {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ui/autosampler/asx500_dialog.h"
+#include "ui/autosampler/custom_entries_dialog.h"
 #include "ui/autosampler/qt/autosampler_window.h"
 
 namespace lumacfg::ui {
@@ -19,6 +20,9 @@ class Asx500Window final : public AutosamplerWindow {
     TrayPicture& Picture() { return *picture_; }
 
   private:
+    // Opens the editor of custom trays or racks; after its OK the lists and the picture show
+    // the tables as written.
+    void Configure(EntryKind kind);
     void AfterAction();
 
     Asx500Dialog& model_;

@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -59,6 +60,18 @@ void ShowList(QComboBox* list, const ControlState& state) {
     list->setCurrentIndex(state.chosen >= 0 && state.chosen < list->count() ? state.chosen : -1);
 }
 
+void ShowListBox(QListWidget* list, const ControlState& state) {
+    QStringList items;
+    for (const std::string& item : state.items) items << FromAnsi(item);
+    bool same = list->count() == items.size();
+    for (int i = 0; same && i < list->count(); ++i) same = list->item(i)->text() == items[i];
+    if (!same) {
+        list->clear();
+        list->addItems(items);
+    }
+    list->setCurrentRow(state.chosen >= 0 && state.chosen < list->count() ? state.chosen : -1);
+}
+
 void ShowCheck(QAbstractButton* button, const ControlState& state) {
     // Option buttons exclude each other in Qt; the model may leave every one of them unchosen,
     // which Qt refuses while they exclude each other.
@@ -79,6 +92,8 @@ void ShowOne(QWidget* widget, const ControlState& state) {
         label->setText(label->buddy() != nullptr ? Caption(label, state) : FromAnsi(state.text));
     } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
         ShowList(list, state);
+    } else if (auto* listBox = qobject_cast<QListWidget*>(widget)) {
+        ShowListBox(listBox, state);
     } else if (auto* frame = qobject_cast<QGroupBox*>(widget)) {
         frame->setTitle(Caption(frame, state));
     } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {
@@ -192,6 +207,11 @@ void DialogBinder::Bind(QWidget* widget) {
     } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
         connect(list, &QComboBox::activated, this, [this, name](int index) {
             model_.Choose(name, index);
+            AfterAction();
+        });
+    } else if (auto* listBox = qobject_cast<QListWidget*>(widget)) {
+        connect(listBox, &QListWidget::currentRowChanged, this, [this, name](int row) {
+            model_.Choose(name, row);
             AfterAction();
         });
     } else if (auto* button = qobject_cast<QAbstractButton*>(widget)) {

@@ -27,8 +27,8 @@ namespace lumacfg::ui {
 
 // Copies every control's state to the widget of that name under `root` (controls without a
 // widget are left out), with the widgets' signals blocked: a box's text, a label's, button's,
-// check box's or frame's caption, a check box's or option button's check, a list's entries and
-// chosen entry, and whether each control is enabled and visible.
+// check box's or frame's caption, a check box's or option button's check, a list's (drop-down or
+// list box) entries and chosen entry, and whether each control is enabled and visible.
 void ShowState(const Controls& controls, QWidget* root);
 
 // The view's presentation of a caption: the letter that ShowState marks as the control's
