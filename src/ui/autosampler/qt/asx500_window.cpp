@@ -45,6 +45,9 @@ Asx500Window::Asx500Window(Asx500Dialog& model, QWidget* parent)
     auto* window = new QVBoxLayout(this);
     window->addLayout(columns, 1);
     window->addLayout(ButtonRow({{"btnOK", {}}, {"btnCancel", {}}, {"btnHelp", {}}}));
+    // Fixed to the size its controls ask for, as every dialog of the data system: a window
+    // manager then draws no resize handle (an empty strip) below the buttons.
+    window->setSizeConstraint(QLayout::SetFixedSize);
 
     // The captions of the caption block mark their own mnemonics.
     for (QWidget* widget : findChildren<QWidget*>()) KeepCaptionMnemonic(widget);
