@@ -5,7 +5,10 @@
 # With the desktop program built (BUILD_DIR/lumacfg) and a display, the window opens on the copy.
 # Without a display the window is drawn on Qt's offscreen platform and saved as a picture
 # (build/demo/main-window.png); then the headless front end prints the record ("show") and the
-# tray selection ("tray").
+# tray selection ("tray"). Before the window opens it says what a newcomer needs to know: the
+# station open, the stand-in programs, and why the security frame is greyed.
+# LUMACFG_DEMO_EDITABLE=1 names the desktop user's primary group in the copy's "ACSLVL.IST", so
+# the security frame can be changed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 repo=$(pwd)
@@ -30,6 +33,9 @@ fi
 rm -rf "$station"
 mkdir -p "$demo_dir"
 cp -R "$source_station" "$station"
+if [ "${LUMACFG_DEMO_EDITABLE:-0}" = 1 ]; then
+    sed -i "s/^CONTROL\\\\Security=.*/CONTROL\\\\Security=$(id -gn)\r/" "$station/LUMAEXE/ACSLVL.IST"
+fi
 touch "$marker"
 # Keep the program's writes in a later time stamp than the copy, even on coarse file systems.
 sleep 1
@@ -45,6 +51,22 @@ echo "Demo station:   $station"
 echo "Program dir:    $LUMACFG_PROGRAM_DIR"
 echo "Registry store: $LUMACFG_REGISTRY"
 echo "Audit log:      $LUMACFG_AUDIT_LOG"
+echo
+
+# The three facts a first look needs.
+allowed=$(sed -n 's/^CONTROL\\Security=\([^\r]*\).*/\1/p' "$station/LUMAEXE/ACSLVL.IST")
+echo "Open: the demo station, a fresh copy of examples/demo-station (a LAN instrument with the"
+echo "      peristaltic pump, prohibited masses and the QC mode GENERAL.QCC); each run starts anew."
+echo "Stand-ins: \"Advanced QC...\" and \"Configure Toolbar...\" start small scripts of the demo"
+echo "      (LUMAEXE/LumaQcConfig.exe, LUMAEXE/BARSET.EXE) in place of the data system's QC and"
+echo "      toolbar programs; they wait a moment and report back as those programs do."
+if [ "$allowed" = "$(id -gn)" ]; then
+    echo "Security: the frame can be changed: your group \"$(id -gn)\" is the one \"ACSLVL.IST\" allows."
+else
+    echo "Security: the frame is greyed: only the group \"$allowed\" named in LUMAEXE/ACSLVL.IST may"
+    echo "      change it, and your group is \"$(id -gn)\". To try it editable:"
+    echo "      LUMACFG_DEMO_EDITABLE=1 scripts/demo.sh"
+fi
 echo
 
 # Runs one program, reports its exit code and goes on whatever it was.
