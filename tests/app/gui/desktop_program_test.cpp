@@ -4,9 +4,11 @@
 // shown; read-only file systems are mounted, not simulated (the tests run as root).
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QImage>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -16,6 +18,7 @@
 #include "support/temp_station.h"
 #include "ui/dialog/qt/dialog_binding.h"
 #include "ui/main/qt/main_window.h"
+#include "ui/start/qt/first_start_window.h"
 
 namespace lumacfg::gui {
 namespace {
@@ -129,6 +132,41 @@ TEST_F(DesktopProgramTest, TheScreenshotIsTheLaidOutWindow) {
     EXPECT_GT(image.width(), 400);
     EXPECT_GT(image.height(), 300);
     EXPECT_EQ(RunDesktop(Scripted(root_ / "no/such/dir.png")), kExitScreenshotFailed);
+}
+
+// No variable names the station and the store's "Path" names no folder: the first-start window
+// asks, and the folder chosen is recorded and opened; Cancel ends the run with nothing written.
+TEST_F(DesktopProgramTest, WithoutANamedStationTheFirstStartWindowAsks) {
+    const struct {
+        const char* what;
+        bool chosen;
+        int exit;
+    } cases[] = {{"OK on the root", true, kExitOk}, {"Cancel", false, kExitFileFailed}};
+    support::ScopedEnv noVariable("LUMACFG_PROGRAM_DIR", std::nullopt);
+    const std::string storeBefore = RegistryFileText();
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        support::WriteBytes(RegistryPath(), storeBefore);
+        bool asked = false;
+        QTimer::singleShot(0, [&] {
+            auto* window = qobject_cast<ui::FirstStartWindow*>(QApplication::activeModalWidget());
+            if (window == nullptr) return;
+            asked = true;
+            if (c.chosen) window->Binder().SetText("Ed_Folder", QString::fromStdString(Root()));
+            window->Binder().Click(c.chosen ? "Cd_OK" : "Cd_Cancel");
+        });
+        bool opened = false;
+        EXPECT_EQ(RunDesktop(Scripted(),
+                             [&](ui::MainWindow& window) {
+                                 opened = true;
+                                 Click(window, "Cancel");
+                             }),
+                  c.exit);
+        EXPECT_TRUE(asked);
+        EXPECT_EQ(opened, c.chosen);
+        EXPECT_EQ(RegistryFileText().find("\"Path\"=\"" + Root() + "\"") != std::string::npos,
+                  c.chosen);
+    }
 }
 
 }  // namespace
