@@ -50,15 +50,20 @@ std::optional<char32_t> NextCharacter(std::string_view text, std::size_t& at) {
     return c;
 }
 
-std::optional<char> ByteOf(char32_t c) {
+}  // namespace
+
+char32_t CharacterOfWindows1252(char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    return value >= 0x80 && value < 0xA0 ? kHighControls[value - 0x80] : value;
+}
+
+std::optional<char> Windows1252ByteOf(char32_t c) {
     if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
     for (std::size_t i = 0; i < kHighControls.size(); ++i) {
         if (kHighControls[i] == c) return static_cast<char>(0x80 + i);
     }
     return std::nullopt;
 }
-
-}  // namespace
 
 void AppendUtf8(std::string& out, char32_t c) {
     if (c < 0x80) {
@@ -78,10 +83,7 @@ void AppendUtf8(std::string& out, char32_t c) {
 std::string Utf8FromWindows1252(std::string_view bytes) {
     std::string out;
     out.reserve(bytes.size());
-    for (char byte : bytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        AppendUtf8(out, value >= 0x80 && value < 0xA0 ? kHighControls[value - 0x80] : value);
-    }
+    for (char byte : bytes) AppendUtf8(out, CharacterOfWindows1252(byte));
     return out;
 }
 
@@ -91,7 +93,7 @@ std::optional<std::string> Windows1252FromUtf8(std::string_view utf8) {
     for (std::size_t at = 0; at < utf8.size();) {
         const std::optional<char32_t> c = NextCharacter(utf8, at);
         if (!c) return std::nullopt;
-        const std::optional<char> byte = ByteOf(*c);
+        const std::optional<char> byte = Windows1252ByteOf(*c);
         if (!byte) return std::nullopt;
         out.push_back(*byte);
     }

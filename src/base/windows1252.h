@@ -11,6 +11,10 @@ namespace lumacfg {
 
 std::string Utf8FromWindows1252(std::string_view bytes);
 
+// The character a byte stands for, and the byte of a character (nullopt: the code page lacks it).
+char32_t CharacterOfWindows1252(char byte);
+std::optional<char> Windows1252ByteOf(char32_t c);
+
 // The Windows-1252 bytes of a UTF-8 text; nullopt when it holds a character the code page
 // lacks (or is no valid UTF-8).
 std::optional<std::string> Windows1252FromUtf8(std::string_view utf8);
