@@ -5,6 +5,7 @@
 #include <optional>
 #include <string_view>
 
+#include "app/cli/audit_command.h"
 #include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
@@ -26,6 +27,7 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli profile set FILE SECTION KEY VALUE\n"
     "       lumacfg-cli profile delete FILE SECTION [KEY]\n"
     "       lumacfg-cli notify QCFILE FOLDER FILE | notify TOOLBAR\n"
+    "       lumacfg-cli audit verify [FILE] | audit show [FILE]\n"
     "       lumacfg-cli --help | --version\n";
 
 int Usage(std::ostream& err) {
@@ -130,6 +132,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     if (command == "set" || command == "reset") return RunEditCommand(args, out, err);
     if (command == "notify") {
         const int exit = RunNotify({args.begin() + 1, args.end()}, err);
+        return exit == kExitUsage ? Usage(err) : exit;
+    }
+    if (command == "audit") {
+        const int exit = RunAudit({args.begin() + 1, args.end()}, out, err);
         return exit == kExitUsage ? Usage(err) : exit;
     }
     if (args.size() > 1) return Usage(err);
