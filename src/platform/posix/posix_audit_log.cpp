@@ -1,7 +1,6 @@
 // The audit log on POSIX: a file opened for appending, locked with flock while its last line is
 // read and the new records are written and synced.
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,6 +11,7 @@
 #include <ctime>
 
 #include "base/audit_chain.h"
+#include "platform/logon.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
 
@@ -42,11 +42,6 @@ std::string HostName() {
     char name[256] = {};
     if (::gethostname(name, sizeof name - 1) != 0) return {};
     return name;
-}
-
-std::string InvokingUser() {
-    if (const passwd* user = ::getpwuid(::getuid())) return user->pw_name;
-    return std::to_string(::getuid());
 }
 
 class FileDescriptor {
@@ -118,7 +113,7 @@ class ChainedAuditLog final : public AuditLog {
     static std::string Records(const std::vector<AuditEvent>& events, std::string_view tail) {
         const AuditIdentity& identity = Identity();
         const std::string time = UtcTimestamp(), host = HostName(), station = ProgramDirectory();
-        const std::string user = identity.user.empty() ? InvokingUser() : identity.user;
+        const std::string user = identity.user.empty() ? DesktopUser() : identity.user;
         // A last line cut short (a write that never ended) keeps its bytes: the chain names it.
         std::string bytes = tail.empty() || tail.back() == '\n' ? "" : "\n";
         std::string previous(LastLine(tail));

@@ -9,6 +9,7 @@
 #include <ctime>
 #include <iostream>
 
+#include "platform/logon.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
@@ -47,8 +48,7 @@ std::string PrimaryGroupName() {
 class SessionLogon final : public LogonService {
   public:
     int Logon(std::uintptr_t, std::string_view) override {
-        std::string profile = JoinPath(ProgramDirectory(), "lumagen.ist");
-        Profiles().WriteString(profile, "WSX,1", "GroupName", PrimaryGroupName());
+        LeaveLoggedOnGroup(PrimaryGroupName());
         return 0;
     }
 };
