@@ -5,8 +5,8 @@
 # mode and the wait window (while the toolbar stand-in runs), each opened by its button; then the
 # dialogs of the autosampler's Setup... button, each on a copy whose autosampler was chosen with
 # lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
-# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png". Runs the built
-# programs under a virtual X server; builds nothing.
+# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; last the logon window.
+# Runs the built programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -61,3 +61,9 @@ picture asx500-misfit.png --click Cd_AutoSet
 setup vas.png ALS_TYPE=5 SAMPLE_DEPTH=40
 setup asx-klr8.png ALS_TYPE=6
 setup asx-asx100.png ALS_TYPE=2
+# The logon window opens only on an interactive start, so its test draws it (logging on through
+# pam_wrapper): as it opens ("logon.png") and after a wrong password ("logon-wrong-password.png").
+LUMACFG_SCREENSHOT_DIR=$repo/docs/screenshots "$repo/${BUILD_DIR:-build/release}/lumacfg_pam_tests" \
+    --gtest_filter=LogonWindowTest.AWrongPasswordSaysSoAndLetsTheUserTryAgain >/dev/null 2>&1
+echo docs/screenshots/logon.png
+echo docs/screenshots/logon-wrong-password.png

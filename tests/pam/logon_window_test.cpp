@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -122,6 +123,14 @@ TEST_F(LogonWindowTest, EachWayThroughTheWindowEndsAndIsRecorded) {
     }
 }
 
+// With LUMACFG_SCREENSHOT_DIR set, the window is saved there as FILE (scripts/screenshots.sh).
+void SavePicture(QWidget& window, const char* file) {
+    const char* directory = ::getenv("LUMACFG_SCREENSHOT_DIR");
+    if (directory == nullptr) return;
+    QApplication::processEvents();
+    EXPECT_TRUE(window.grab().save(QString::fromLocal8Bit(directory) + "/" + file, "PNG"));
+}
+
 TEST_F(LogonWindowTest, AWrongPasswordSaysSoAndLetsTheUserTryAgain) {
     const std::unique_ptr<platform::Authenticator> authenticator = platform::MakeAuthenticator();
     LogonDialog model(desktopUser_, *authenticator);
@@ -132,6 +141,8 @@ TEST_F(LogonWindowTest, AWrongPasswordSaysSoAndLetsTheUserTryAgain) {
     auto* password = static_cast<QLineEdit*>(window.Binder().Widget("Ed_Password"));
     EXPECT_EQ(user->text().toStdString(), desktopUser_);
     EXPECT_EQ(password->echoMode(), QLineEdit::Password);
+    EXPECT_EQ(window.focusWidget(), password);
+    SavePicture(window, "logon.png");
     QSignalSpy answered(&window, &LogonWindow::Answered);
     window.Binder().SetText("Ed_Password", "guess");
     window.Binder().Click("Cd_OK");
@@ -141,6 +152,7 @@ TEST_F(LogonWindowTest, AWrongPasswordSaysSoAndLetsTheUserTryAgain) {
     EXPECT_TRUE(message.endsWith("Tries left: 2.")) << message.toStdString();
     EXPECT_TRUE(password->text().isEmpty());
     EXPECT_TRUE(window.Binder().Widget("Cd_OK")->isEnabled());
+    SavePicture(window, "logon-wrong-password.png");
     window.Binder().SetText("Ed_User", "");
     EXPECT_FALSE(window.Binder().Widget("Cd_OK")->isEnabled());  // no name, nothing to check
 }

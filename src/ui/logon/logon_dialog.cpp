@@ -9,8 +9,8 @@ namespace lumacfg::ui {
 LogonDialog::LogonDialog(std::string desktopUser, platform::Authenticator& authenticator)
     : authenticator_(authenticator) {
     controls_["LogOn"].text = "ICP-MS Configuration";
-    controls_["Lbl_User"].text = "&User name:";
-    controls_["Lbl_Password"].text = "&Password:";
+    controls_["Lbl_User"].text = "User name:";
+    controls_["Lbl_Password"].text = "Password:";
     controls_["Ed_User"].text = std::move(desktopUser);
     controls_["Ed_Password"];
     controls_["Lbl_Message"];

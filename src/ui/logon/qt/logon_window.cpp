@@ -14,10 +14,11 @@
 namespace lumacfg::ui {
 namespace {
 
-QLabel* Label(const char* name, QWidget* buddy, QWidget* parent) {
+QLabel* Label(const char* name, QChar mnemonic, QWidget* buddy, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(QString::fromLatin1(name));
     label->setBuddy(buddy);
+    SetMnemonic(label, mnemonic);
     return label;
 }
 
@@ -44,8 +45,8 @@ LogonWindow::LogonWindow(LogonDialog& model, QWidget* parent) : QDialog(parent),
     cancel->setObjectName(QStringLiteral("Cd_Cancel"));
 
     auto* form = new QFormLayout;
-    form->addRow(Label("Lbl_User", user, this), user);
-    form->addRow(Label("Lbl_Password", password, this), password);
+    form->addRow(Label("Lbl_User", u'U', user, this), user);
+    form->addRow(Label("Lbl_Password", u'P', password, this), password);
     auto* column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(message);
