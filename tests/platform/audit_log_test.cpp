@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <regex>
 #include <string>
 #include <vector>
@@ -52,6 +53,10 @@ TEST_F(AuditLogTest, EachEventIsOneRecordNamingWhenWhoWhereAndWhat) {
     EXPECT_EQ(MemberValue(records[0], "station"), (temp_.Path() / "LUMAEXE").string());
     EXPECT_EQ(MemberValue(records[1], "event"), "logon");
     EXPECT_EQ(CheckChain(LogText()).records, 2);
+    // Whatever the umask, the station's group may append.
+    EXPECT_EQ(std::filesystem::status(logPath_).permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                  std::filesystem::perms::group_read | std::filesystem::perms::group_write);
 }
 
 TEST_F(AuditLogTest, ALastLineCutShortStaysAndTheChainNamesIt) {

@@ -95,12 +95,25 @@ bool WriteAll(int fd, std::string_view bytes) {
     return true;
 }
 
+// The log opened for appending; a new one is made readable and writable by its owner and its
+// group whatever the umask, so that every member of the station's group can append to it.
+int OpenLog(const std::string& path) {
+    constexpr int kFlags = O_RDWR | O_APPEND | O_CLOEXEC;
+    const int created = ::open(path.c_str(), kFlags | O_CREAT | O_EXCL, 0660);
+    if (created < 0) return errno == EEXIST ? ::open(path.c_str(), kFlags) : -1;
+    if (::fchmod(created, 0660) == 0) return created;
+    const int error = errno;
+    ::close(created);
+    errno = error;
+    return -1;
+}
+
 class ChainedAuditLog final : public AuditLog {
   public:
     bool Append(const std::vector<AuditEvent>& events) override {
         if (events.empty()) return true;
         const std::string path = AuditLogPath();
-        FileDescriptor log(::open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0660));
+        FileDescriptor log(OpenLog(path));
         std::string tail;
         const bool written = log.get() >= 0 && ::flock(log.get(), LOCK_EX) == 0 &&
                              ReadTail(log.get(), tail) &&
