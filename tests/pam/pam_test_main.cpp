@@ -31,9 +31,11 @@ int StartWrapped(char** argv) {
     ::setenv("LD_PRELOAD", LUMACFG_PAM_WRAPPER_LIBRARY, 1);
     ::setenv("PAM_WRAPPER", "1", 1);
     ::setenv("PAM_WRAPPER_SERVICE_DIR", services.c_str(), 1);
-    // The wrapper comes before the sanitizers' runtime, and binds its modules without
-    // deep binding, which the sanitizers cannot follow.
+    // The wrapper comes before the sanitizers' runtime, and loads PAM without deep binding,
+    // which the sanitizers refuse. Debian 12's wrapper reads the switch under the name of its
+    // sister project's variable; both names are set.
     ::setenv("PAM_WRAPPER_DISABLE_DEEPBIND", "1", 1);
+    ::setenv("UID_WRAPPER_DISABLE_DEEPBIND", "1", 1);
     const char* asan = ::getenv("ASAN_OPTIONS");
     ::setenv(
         "ASAN_OPTIONS",
