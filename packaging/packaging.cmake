@@ -49,6 +49,9 @@ foreach(size 16 24 32 48 64 128 256)
             DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps
             RENAME lumacfg.png)
 endforeach()
+# The logon's PAM service; the group of those who may configure the station is made when the
+# package is configured.
+install(FILES ${packaging_dir}/pam/lumacfg DESTINATION /etc/pam.d)
 install(FILES ${packaging_dir}/copyright ${generated_dir}/changelog.gz
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/lumacfg)
 # The registry store's folder: the store itself ("registry.reg", naming the data system's folder)
@@ -80,7 +83,10 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${LUMACFG_HOMEPAGE})
 # dpkg-shlibdeps finds the libraries the programs link; libX11 is loaded at run time to find
 # the data system's windows, so it is named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libx11-6")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libx11-6, libpam-runtime, passwd")
+set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
+    ${packaging_dir}/debian/postinst ${packaging_dir}/debian/conffiles)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 include(CPack)

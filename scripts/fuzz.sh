@@ -34,7 +34,7 @@ declare -A ci_inputs=(
     [station]=8000
 )
 
-scripts/install-packages.sh clang libclang-rt-dev cmake ninja-build
+scripts/install-packages.sh clang libclang-rt-dev cmake ninja-build libpam0g-dev
 
 CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DLUMACFG_FUZZ=ON -DLUMACFG_BUILD_TESTS=OFF -DLUMACFG_BUILD_BENCH=OFF >/dev/null

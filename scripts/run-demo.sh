@@ -47,10 +47,15 @@ export LUMACFG_AUDIT_LOG=$station/audit.log
 # front end.
 export LUMACFG_CLI=$build_dir/lumacfg-cli
 
+# The demo opens without a password: the desktop user is logged on as the session's user.
+# Everywhere else a station with security on asks for a name and password (PAM).
+export LUMACFG_LOGON=session
+
 echo "Demo station:   $station"
 echo "Program dir:    $LUMACFG_PROGRAM_DIR"
 echo "Registry store: $LUMACFG_REGISTRY"
 echo "Audit log:      $LUMACFG_AUDIT_LOG"
+echo "Logon:          the desktop user, no password (LUMACFG_LOGON=session, for the demo only)"
 echo
 
 # The three facts a first look needs.

@@ -7,9 +7,9 @@
 # lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
 # wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; the editors that
 # the ASX500 dialog's Configure Tray... and Configure Rack... open: "custom-trays.png" (a default
-# rack too wide for its position) and "custom-racks.png" (a rack too long for one tray); and the
-# first-start window, where no station is named ("first-start.png"). Runs the built programs
-# under a virtual X server; builds nothing.
+# rack too wide for its position) and "custom-racks.png" (a rack too long for one tray); the
+# first-start window, where no station is named ("first-start.png"); last the logon window.
+# Runs the built programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -77,3 +77,9 @@ setup asx-asx100.png ALS_TYPE=2
 unset LUMACFG_PROGRAM_DIR LUMACFG_REGISTRY
 [ ! -e /etc/plasmasuite/registry.reg ] || export LUMACFG_REGISTRY=$work/no-store/registry.reg
 picture first-start.png
+# The logon window opens only on an interactive start, so its test draws it (logging on through
+# pam_wrapper): as it opens ("logon.png") and after a wrong password ("logon-wrong-password.png").
+LUMACFG_SCREENSHOT_DIR=$repo/docs/screenshots "$repo/${BUILD_DIR:-build/release}/lumacfg_pam_tests" \
+    --gtest_filter=LogonWindowTest.AWrongPasswordSaysSoAndLetsTheUserTryAgain >/dev/null 2>&1
+echo docs/screenshots/logon.png
+echo docs/screenshots/logon-wrong-password.png

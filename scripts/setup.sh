@@ -5,7 +5,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh cmake ninja-build g++ libgtest-dev libgmock-dev libbenchmark-dev \
-    libx11-dev qt6-base-dev qt6-qpa-plugins xvfb xauth fonts-dejavu-core ansible-core
+    libx11-dev qt6-base-dev qt6-qpa-plugins xvfb xauth fonts-dejavu-core ansible-core \
+    libpam0g-dev libpam-wrapper
 
 build_dir=${1:-build/release}
 shift || true

@@ -11,6 +11,7 @@
 #include "config/run_type.h"
 #include "config/save_configuration.h"
 #include "config/serial_settings.h"
+#include "config/station_audit.h"
 #include "config/station_batch.h"
 #include "config/station_location.h"
 #include "integration/help.h"
@@ -106,12 +107,19 @@ std::optional<bool> PublishedSecurity() {
     return state == 1 || state == -1;  // the third state is taken as on at every start
 }
 
-// A change of the security state is one line of the security library's audit trail, made when
-// the configuration that carries it is written.
-void ReportSecurityChange(std::optional<bool> published, const ConfigRecord& record) {
+// A change of the security state is one record of the security library's audit trail, made
+// before the configuration that carries it is written. False when it could not be recorded.
+bool ReportSecurityChange(std::optional<bool> published, const ConfigRecord& record) {
     const bool on = record.SECURITY == 1;
-    if (!published || *published == on) return;
-    platform::Security().LogSecurityFlagChange(on ? "_SECURITY 0 -> 1" : "_SECURITY 1 -> 0");
+    if (!published || *published == on) return true;
+    return platform::Security().LogSecurityFlagChange(on ? "_SECURITY 0 -> 1" : "_SECURITY 1 -> 0");
+}
+
+// The save's changes recorded in the audit log before any file is written; false (the
+// failure reported) when the log cannot be written: then nothing is saved.
+bool RecordSave(const ConfigRecord& record) {
+    return platform::Audit().Append(FieldChanges(StationAsLoaded(), record)) &&
+           ReportSecurityChange(PublishedSecurity(), record);
 }
 
 // A text read whole into a NUL-filled buffer of 100 characters, padding included.
@@ -172,6 +180,7 @@ StartUpResult StartUp(const StartUpOptions& options) {
         record.CAN_EDIT = UserMayEdit();
     }
     NormaliseSecurity(record);
+    RememberStationAsLoaded(record);
     return goOn ? StartUpResult::Continue : StartUpResult::Refused;
 }
 
@@ -183,12 +192,11 @@ std::vector<platform::FileFailure> CloseStation() {
     StationBatch batch;
     ConfigRecord& record = Config();
     if (record.SAVE_REQ == 1) {
-        const std::optional<bool> published = PublishedSecurity();
+        if (!RecordSave(record)) return platform::Failures().Take();
         // After Reset to Default the station is registered anew: the rows a new station's
         // profile starts with, then the configuration saved over them.
         if (record.REG_DIRTY == 1) WriteInitialProfile();
         SaveConfiguration();
-        ReportSecurityChange(published, record);
         if (record.ALS_TYPE == 1) SaveCurrentTray();
         WriteComPortSettings();
     }

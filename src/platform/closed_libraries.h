@@ -16,12 +16,14 @@ class LogonService {
     virtual int Logon(std::uintptr_t window, std::string_view programId) = 0;
 };
 
+// Each call is one record of the audit log; false when it could not be recorded (the failure
+// is reported to Failures()).
 class SecurityLibrary {
   public:
     virtual ~SecurityLibrary() = default;
-    virtual void SetConfigSecurity() = 0;
-    virtual void ResetConfigSecurity() = 0;
-    virtual void LogSecurityFlagChange(std::string_view text) = 0;
+    virtual bool SetConfigSecurity() = 0;
+    virtual bool ResetConfigSecurity() = 0;
+    virtual bool LogSecurityFlagChange(std::string_view text) = 0;
 };
 
 // Command numbers of the two help viewers.

@@ -30,7 +30,9 @@ struct AllServices {
     Slot<LogonService> logon{nullptr, posix::MakeLogonService};
     Slot<SecurityLibrary> security{nullptr, posix::MakeSecurityLibrary};
     Slot<HelpViewer> help{nullptr, posix::MakeHelpViewer};
+    Slot<AuditLog> audit{nullptr, posix::MakeAuditLog};
     FileFailures failures;
+    AuditIdentity identity;
 };
 
 AllServices& All() {
@@ -73,6 +75,12 @@ SecurityLibrary& Security() {
 HelpViewer& Help() {
     return All().help.Get();
 }
+AuditLog& Audit() {
+    return All().audit.Get();
+}
+AuditIdentity& Identity() {
+    return All().identity;
+}
 FileFailures& Failures() {
     return All().failures;
 }
@@ -109,6 +117,10 @@ void SetSecurity(std::unique_ptr<SecurityLibrary> s) {
 }
 void SetHelp(std::unique_ptr<HelpViewer> s) {
     All().help.service = std::move(s);
+}
+
+void SetAudit(std::unique_ptr<AuditLog> s) {
+    All().audit.service = std::move(s);
 }
 
 void ResetServices() {

@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "platform/audit_log.h"
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
 #include "platform/file_failures.h"
@@ -27,6 +28,9 @@ InstanceLock& Instance();
 LogonService& Logon();
 SecurityLibrary& Security();
 HelpViewer& Help();
+AuditLog& Audit();
+// Who the audit log's records name (the front end sets the program, a logon the user).
+AuditIdentity& Identity();
 // The file failures reported since the front end last took them.
 FileFailures& Failures();
 
@@ -43,9 +47,10 @@ void SetInstance(std::unique_ptr<InstanceLock> service);
 void SetLogon(std::unique_ptr<LogonService> service);
 void SetSecurity(std::unique_ptr<SecurityLibrary> service);
 void SetHelp(std::unique_ptr<HelpViewer> service);
+void SetAudit(std::unique_ptr<AuditLog> service);
 
-// Restores every service to the platform's own backend, forgets the failures reported and the
-// program directory the station lookup chose.
+// Restores every service to the platform's own backend, forgets the failures reported, the
+// audit identity and the program directory the station lookup chose.
 void ResetServices();
 
 }  // namespace lumacfg::platform

@@ -166,13 +166,15 @@ TEST_F(StartUpTest, ClosingInSetUpModeRemovesTheAutomationKey) {
 class AuditRecorder final : public platform::SecurityLibrary {
   public:
     explicit AuditRecorder(std::vector<std::string>* lines) : lines_(lines) {}
-    void SetConfigSecurity() override { lines_->push_back("SetConfigSecurity"); }
-    void ResetConfigSecurity() override { lines_->push_back("ResetConfigSecurity"); }
-    void LogSecurityFlagChange(std::string_view text) override {
-        lines_->push_back(std::string(text));
-    }
+    bool SetConfigSecurity() override { return Keep("SetConfigSecurity"); }
+    bool ResetConfigSecurity() override { return Keep("ResetConfigSecurity"); }
+    bool LogSecurityFlagChange(std::string_view text) override { return Keep(std::string(text)); }
 
   private:
+    bool Keep(std::string line) {
+        lines_->push_back(std::move(line));
+        return true;
+    }
     std::vector<std::string>* lines_;
 };
 

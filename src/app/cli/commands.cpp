@@ -6,8 +6,9 @@
 #include <string_view>
 
 #include "app/cli/apply_command.h"
-#include "app/cli/export_command.h"
+#include "app/cli/audit_command.h"
 #include "app/cli/custrack_command.h"
+#include "app/cli/export_command.h"
 #include "app/cli/notify_command.h"
 #include "app/cli/set_command.h"
 #include "app/cli/tray_command.h"
@@ -35,6 +36,7 @@ constexpr std::string_view kUsage =
     "       lumacfg-cli custrack [--dry-run] set SECTION KEY=VALUE ...\n"
     "       lumacfg-cli custrack [--dry-run] delete SECTION\n"
     "       lumacfg-cli notify QCFILE FOLDER FILE | notify TOOLBAR\n"
+    "       lumacfg-cli audit verify [FILE] | audit show [FILE]\n"
     "       lumacfg-cli --help | --version\n";
 
 int Usage(std::ostream& err) {
@@ -151,6 +153,10 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
     }
     if (command == "notify") {
         const int exit = RunNotify({args.begin() + 1, args.end()}, err);
+        return exit == kExitUsage ? Usage(err) : exit;
+    }
+    if (command == "audit") {
+        const int exit = RunAudit({args.begin() + 1, args.end()}, out, err);
         return exit == kExitUsage ? Usage(err) : exit;
     }
     if (args.size() > 1) return Usage(err);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <map>
 
 #include "base/text.h"
@@ -85,10 +86,6 @@ struct HeldChanges::Log {
         std::string path;                  // the first spelling met
         std::optional<std::string> bytes;  // nothing: deleted
     };
-    struct SecurityCall {
-        enum class Kind { Set, Reset, Log } kind;
-        std::string text;
-    };
 
     // Where a profile value comes from as the held changes stand after `end` of them.
     struct Found {
@@ -132,6 +129,7 @@ struct HeldChanges::Log {
     std::unique_ptr<platform::Registry> registry = platform::posix::MakeRegistry();
     std::unique_ptr<platform::FileSystem> files = platform::posix::MakeFileSystem();
     std::unique_ptr<platform::SecurityLibrary> security = platform::posix::MakeSecurityLibrary();
+    std::unique_ptr<platform::AuditLog> audit = platform::posix::MakeAuditLog();
 
     std::vector<ProfileChange> profileChanges;
     std::vector<RegistryChange> registryChanges;
@@ -139,7 +137,9 @@ struct HeldChanges::Log {
     std::map<std::string, std::string, std::less<>> fileKeys;  // by the spelling used
     std::map<std::string, HeldFile> heldFiles;                 // by FileKey
     std::vector<std::string> heldFileOrder;                    // keys, in the order first changed
-    std::vector<SecurityCall> securityCalls;
+    // The audit log's records and the security library's calls, in order, as calls of the
+    // platform's own services; each true when recorded.
+    std::vector<std::function<bool()>> auditCalls;
     bool open = true;
 };
 
@@ -368,14 +368,34 @@ class HeldFiles final : public platform::FileSystem {
 class HeldSecurity final : public platform::SecurityLibrary {
   public:
     explicit HeldSecurity(std::shared_ptr<Log> log) : log_(std::move(log)) {}
-    void SetConfigSecurity() override {
-        log_->securityCalls.push_back({Log::SecurityCall::Kind::Set, {}});
+    bool SetConfigSecurity() override {
+        return Hold([security = log_->security.get()] { return security->SetConfigSecurity(); });
     }
-    void ResetConfigSecurity() override {
-        log_->securityCalls.push_back({Log::SecurityCall::Kind::Reset, {}});
+    bool ResetConfigSecurity() override {
+        return Hold([security = log_->security.get()] { return security->ResetConfigSecurity(); });
     }
-    void LogSecurityFlagChange(std::string_view text) override {
-        log_->securityCalls.push_back({Log::SecurityCall::Kind::Log, std::string(text)});
+    bool LogSecurityFlagChange(std::string_view text) override {
+        return Hold([security = log_->security.get(), text = std::string(text)] {
+            return security->LogSecurityFlagChange(text);
+        });
+    }
+
+  private:
+    bool Hold(std::function<bool()> call) {
+        log_->auditCalls.push_back(std::move(call));
+        return true;
+    }
+    std::shared_ptr<Log> log_;
+};
+
+class HeldAudit final : public platform::AuditLog {
+  public:
+    explicit HeldAudit(std::shared_ptr<Log> log) : log_(std::move(log)) {}
+    bool Append(const std::vector<platform::AuditEvent>& events) override {
+        if (events.empty()) return true;
+        log_->auditCalls.push_back(
+            [audit = log_->audit.get(), events] { return audit->Append(events); });
+        return true;
     }
 
   private:
@@ -393,6 +413,7 @@ HeldChanges::HeldChanges() : log_(std::make_shared<Log>()) {
     platform::SetRegistry(std::make_unique<HeldRegistry>(log_));
     platform::SetFiles(std::make_unique<HeldFiles>(log_));
     platform::SetSecurity(std::make_unique<HeldSecurity>(log_));
+    platform::SetAudit(std::make_unique<HeldAudit>(log_));
 }
 
 HeldChanges::~HeldChanges() {
@@ -405,10 +426,15 @@ HeldChanges::~HeldChanges() {
     platform::SetRegistry(nullptr);
     platform::SetFiles(nullptr);
     platform::SetSecurity(nullptr);
+    platform::SetAudit(nullptr);
 }
 
 void HeldChanges::Commit() {
     if (!log_->open) return;
+    // The audit log first: a change it cannot record is not made (the failure is reported).
+    for (const std::function<bool()>& call : log_->auditCalls) {
+        if (!call()) return;  // the batch is ended, unchanged, when the changes are dropped
+    }
     log_->open = false;
     for (const Log::ProfileChange& change : log_->profileChanges) {
         if (change.source) {
@@ -442,19 +468,6 @@ void HeldChanges::Commit() {
     // The profiles first: the station profile is the first file a save changes.
     log_->profiles->EndBatch();
     log_->registry->EndBatch();
-    for (const Log::SecurityCall& call : log_->securityCalls) {
-        switch (call.kind) {
-            case Log::SecurityCall::Kind::Set:
-                log_->security->SetConfigSecurity();
-                break;
-            case Log::SecurityCall::Kind::Reset:
-                log_->security->ResetConfigSecurity();
-                break;
-            case Log::SecurityCall::Kind::Log:
-                log_->security->LogSecurityFlagChange(call.text);
-                break;
-        }
-    }
 }
 
 std::vector<FilePreview> HeldChanges::Preview() {

@@ -1,6 +1,6 @@
 // Changes held back from the station's files while a command decides whether it may write at
-// all. While a HeldChanges object is installed, the profile, registry, file and security
-// services of the process keep every change in order in memory and answer reads as if the
+// all. While a HeldChanges object is installed, the profile, registry, file, security and
+// audit services of the process keep every change in order in memory and answer reads as if the
 // changes had been made; nothing reaches a file. The command then either commits them (the
 // same calls made on the platform's services, in one batch: the same bytes as making them
 // directly), previews them (the old and new bytes of every file they would change), or drops
@@ -33,8 +33,10 @@ class HeldChanges {
     HeldChanges(const HeldChanges&) = delete;
     HeldChanges& operator=(const HeldChanges&) = delete;
 
-    // Makes every change held, in order, on the platform's services, in one batch; each file is
-    // written once. The files that could not be written are in platform::Failures().
+    // Records the held audit events and security calls in the audit log, then makes every change
+    // held, in order, on the platform's services, in one batch; each file is written once. When
+    // the audit log cannot be written, no change is made. The files that could not be written
+    // are in platform::Failures().
     void Commit();
 
     // What committing would do to each file: the profiles in the order they were first changed,

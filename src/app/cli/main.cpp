@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "app/cli/commands.h"
+#include "platform/services.h"
 
 int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
+    lumacfg::platform::Identity().program = "lumacfg-cli";
     return lumacfg::cli::Run(args, std::cout, std::cerr);
 }

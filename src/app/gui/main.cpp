@@ -9,15 +9,17 @@
 // "Cd_AutoSet/btnConfigTray" clicks each further button in the window the one before opened).
 // --quit-after-shown closes
 // the window so once it is shown. Either option makes the command line non-empty: the start is
-// not interactive and does not log on. Exit status: 0 done; 1 the screenshot could not be saved; 2 usage error;
-// 3 start-up refused (another copy, or the data system, runs); 4 a file could not be read or
-// written (each one is listed in a message box first).
+// not interactive and does not log on. Exit status: 0 done; 1 the screenshot could not be saved; 2
+// usage error; 3 start-up refused (another copy, or the data system, runs); 4 a file could not be
+// read or written (each one is listed in a message box first).
 #include <QApplication>
 #include <iostream>
 #include <memory>
 
 #include "app/gui/desktop_program.h"
 #include "app/gui/qt_message_boxes.h"
+#include "app/gui/window_logon.h"
+#include "platform/logon.h"
 #include "platform/services.h"
 #include "resources/string_table.h"
 #include "ui/dialog/qt/ansi_text.h"
@@ -33,6 +35,7 @@ int main(int argc, char** argv) {
         return gui::kExitUsage;
     }
     platform::SetMessages(std::make_unique<gui::QtMessageBoxes>());
+    if (!platform::SessionLogonChosen()) platform::SetLogon(std::make_unique<gui::WindowLogon>());
     // Every window and message of the program in the font the string table names.
     QApplication::setFont(ui::StationFont(ui::FromAnsi(LoadResString(kResFontName)),
                                           ui::FromAnsi(LoadResString(kResFontSize))));

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/audit_log.h"
 #include "platform/clock.h"
 #include "platform/closed_libraries.h"
 #include "platform/file_system.h"
@@ -26,6 +27,7 @@ std::unique_ptr<InstanceLock> MakeInstanceLock();
 std::unique_ptr<LogonService> MakeLogonService();
 std::unique_ptr<SecurityLibrary> MakeSecurityLibrary();
 std::unique_ptr<HelpViewer> MakeHelpViewer();
+std::unique_ptr<AuditLog> MakeAuditLog();  // the chained log at AuditLogPath()
 
 // The directory of the user's session files (the single-instance lock, the report socket):
 // LUMACFG_LOCK_DIR, else XDG_RUNTIME_DIR, else "/tmp".

@@ -7,9 +7,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <iostream>
 
+#include "platform/logon.h"
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
@@ -48,29 +48,23 @@ std::string PrimaryGroupName() {
 class SessionLogon final : public LogonService {
   public:
     int Logon(std::uintptr_t, std::string_view) override {
-        std::string profile = JoinPath(ProgramDirectory(), "lumagen.ist");
-        Profiles().WriteString(profile, "WSX,1", "GroupName", PrimaryGroupName());
+        LeaveLoggedOnGroup(PrimaryGroupName());
         return 0;
     }
 };
 
-// Each call of the security library is appended to the audit log as one line.
-class AuditLog final : public SecurityLibrary {
+// Each call of the security library is one event of the audit log, written to the log at once
+// (not through Audit(), which a command may be holding back).
+class AuditedSecurity final : public SecurityLibrary {
   public:
-    void SetConfigSecurity() override { Append("SetConfigSecurity"); }
-    void ResetConfigSecurity() override { Append("ResetConfigSecurity"); }
-    void LogSecurityFlagChange(std::string_view text) override {
-        Append("LogSecurityFlagChange " + std::string(text));
+    bool SetConfigSecurity() override { return log_->Append({{"security-on", {}}}); }
+    bool ResetConfigSecurity() override { return log_->Append({{"security-off", {}}}); }
+    bool LogSecurityFlagChange(std::string_view text) override {
+        return log_->Append({{"security-flag-change", {{"text", std::string(text)}}}});
     }
 
   private:
-    static void Append(const std::string& line) {
-        const char* configured = std::getenv("LUMACFG_AUDIT_LOG");
-        std::string path = configured && *configured
-                               ? configured
-                               : HostPath(JoinPath(ProgramDirectory(), "lumacfg-audit.log"));
-        std::ofstream(path, std::ios::app) << line << '\n';
-    }
+    std::unique_ptr<AuditLog> log_ = MakeAuditLog();
 };
 
 }  // namespace
@@ -85,7 +79,7 @@ std::unique_ptr<LogonService> MakeLogonService() {
     return std::make_unique<SessionLogon>();
 }
 std::unique_ptr<SecurityLibrary> MakeSecurityLibrary() {
-    return std::make_unique<AuditLog>();
+    return std::make_unique<AuditedSecurity>();
 }
 
 }  // namespace lumacfg::platform::posix

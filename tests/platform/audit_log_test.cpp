@@ -1,0 +1,107 @@
+// The audit log on the disk: what each record names, appends by several programs at once that
+// keep the chain whole, and a log that cannot be written.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "base/audit_chain.h"
+#include "platform/posix/backends.h"
+#include "platform/services.h"
+#include "support/scoped_env.h"
+#include "support/temp_dir.h"
+
+namespace lumacfg::platform::posix {
+namespace {
+
+using support::ReadBytes;
+using support::ScopedEnv;
+using support::TempDir;
+using support::WriteBytes;
+
+class AuditLogTest : public ::testing::Test {
+  protected:
+    void TearDown() override { ResetServices(); }
+
+    std::string LogText() const { return ReadBytes(logPath_).value_or(""); }
+
+    TempDir temp_{"lumacfg-audit"};
+    std::string logPath_ = (temp_.Path() / "audit.log").string();
+    ScopedEnv logEnv_{"LUMACFG_AUDIT_LOG", logPath_};
+    ScopedEnv programDirEnv_{"LUMACFG_PROGRAM_DIR", (temp_.Path() / "LUMAEXE").string()};
+};
+
+TEST_F(AuditLogTest, EachEventIsOneRecordNamingWhenWhoWhereAndWhat) {
+    Identity() = {"lumacfg", "analyst"};
+    ASSERT_TRUE(MakeAuditLog()->Append(
+        {{"field-changed", {{"field", "GPIB_ADDR"}, {"old", "20"}, {"new", "8"}}}, {"logon", {}}}));
+    const std::vector<JsonMembers> records = AuditRecords(LogText());
+    ASSERT_EQ(records.size(), 2);
+    std::vector<std::string> names;
+    for (const auto& member : records[0]) names.push_back(member.first);
+    EXPECT_EQ(names, (std::vector<std::string>{"time", "host", "user", "program", "station",
+                                               "event", "field", "old", "new", "prev"}));
+    EXPECT_TRUE(std::regex_match(*MemberValue(records[0], "time"),
+                                 std::regex(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z)")));
+    EXPECT_EQ(MemberValue(records[0], "user"), "analyst");
+    EXPECT_EQ(MemberValue(records[0], "program"), "lumacfg");
+    EXPECT_EQ(MemberValue(records[0], "station"), (temp_.Path() / "LUMAEXE").string());
+    EXPECT_EQ(MemberValue(records[1], "event"), "logon");
+    EXPECT_EQ(CheckChain(LogText()).records, 2);
+    // Whatever the umask, the station's group may append.
+    EXPECT_EQ(std::filesystem::status(logPath_).permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write |
+                  std::filesystem::perms::group_read | std::filesystem::perms::group_write);
+}
+
+TEST_F(AuditLogTest, ALastLineCutShortStaysAndTheChainNamesIt) {
+    ASSERT_TRUE(MakeAuditLog()->Append({{"logon", {}}}));
+    WriteBytes(logPath_, LogText() + "{\"event\":\"log");
+    ASSERT_TRUE(MakeAuditLog()->Append({{"logon", {}}}));
+    EXPECT_EQ(AuditRecords(LogText()).size(), 2);
+    EXPECT_EQ(CheckChain(LogText()).brokenLine, 2);
+}
+
+TEST_F(AuditLogTest, ProgramsAppendingAtOnceNeverBreakTheChain) {
+    constexpr int kWriters = 4, kAppends = 100, kEventsPerAppend = 3;
+    const std::vector<AuditEvent> events(kEventsPerAppend,
+                                         {"field-changed", {{"field", "RACK1_ID"}, {"old", "0"}}});
+    std::vector<pid_t> writers;
+    for (int i = 0; i < kWriters; ++i) {
+        const pid_t pid = ::fork();
+        ASSERT_GE(pid, 0);
+        if (pid == 0) {
+            std::unique_ptr<AuditLog> log = MakeAuditLog();
+            bool ok = true;
+            for (int n = 0; n < kAppends; ++n) ok = log->Append(events) && ok;
+            ::_exit(ok ? 0 : 1);
+        }
+        writers.push_back(pid);
+    }
+    for (pid_t pid : writers) {
+        int status = 0;
+        ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    const ChainCheck check = CheckChain(LogText());
+    EXPECT_EQ(check.brokenLine, 0) << check.reason;
+    EXPECT_EQ(check.records, kWriters * kAppends * kEventsPerAppend);
+}
+
+TEST_F(AuditLogTest, ALogThatCannotBeWrittenIsReportedWithItsPath) {
+    const std::string path = (temp_.Path() / "missing" / "audit.log").string();
+    ScopedEnv elsewhere("LUMACFG_AUDIT_LOG", path);
+    EXPECT_FALSE(MakeAuditLog()->Append({{"logon", {}}}));
+    EXPECT_EQ(
+        Failures().Take(),
+        (std::vector<FileFailure>{{FileOperation::Write, path, "No such file or directory"}}));
+    EXPECT_TRUE(MakeAuditLog()->Append({}));  // nothing to record: nothing to fail
+}
+
+}  // namespace
+}  // namespace lumacfg::platform::posix
