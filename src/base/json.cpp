@@ -103,13 +103,13 @@ class Reader {
             return true;
         }
         while (true) {
-            std::pair<std::string, JsonValue> member;
+            JsonMember member;
             if (Peek() != '"') return Fail("expected a member's name in quotes");
-            if (!String(member.first)) return false;
+            if (!String(member.name)) return false;
             SkipBlanks();
             if (!Expect(':', "':' after a member's name")) return false;
             SkipBlanks();
-            if (!Value(member.second, depth + 1)) return false;
+            if (!Value(member.value, depth + 1)) return false;
             value.members.push_back(std::move(member));
             SkipBlanks();
             if (Peek() == '}') {

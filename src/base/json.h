@@ -6,11 +6,12 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <variant>
 #include <vector>
 
 namespace lumacfg {
+
+struct JsonMember;
 
 struct JsonValue {
     enum class Kind { Null, Boolean, Number, String, Array, Object };
@@ -18,7 +19,14 @@ struct JsonValue {
     bool boolean = false;
     std::string text;  // a string's UTF-8 text, or a number as written
     std::vector<JsonValue> items;
-    std::vector<std::pair<std::string, JsonValue>> members;
+    std::vector<JsonMember> members;  // an object's, in their order
+};
+
+// A member of an object. Declared apart from the value: a pair of an incomplete type cannot be
+// an element of the value's own vector.
+struct JsonMember {
+    std::string name;
+    JsonValue value;
 };
 
 // Where and why a text is no JSON document; line and column count from 1 (columns in bytes).

@@ -26,10 +26,10 @@ TEST(JsonTest, ReadsEveryKindWithMembersInOrderAndDuplicatesKept) {
     const JsonValue& document = Parsed(result);
     ASSERT_EQ(document.kind, JsonValue::Kind::Object);
     ASSERT_EQ(document.members.size(), 3u);
-    EXPECT_EQ(document.members[0].first, "b");
-    EXPECT_EQ(document.members[1].first, "a");
-    EXPECT_EQ(document.members[2].second.text, "x");
-    const JsonValue& list = document.members[0].second;
+    EXPECT_EQ(document.members[0].name, "b");
+    EXPECT_EQ(document.members[1].name, "a");
+    EXPECT_EQ(document.members[2].value.text, "x");
+    const JsonValue& list = document.members[0].value;
     ASSERT_EQ(list.items.size(), 5u);
     EXPECT_EQ(list.items[0].text, "1");
     EXPECT_EQ(list.items[1].text, "-0.5e+3");
