@@ -30,13 +30,7 @@ QBoxLayout* AutosamplerWindow::ButtonRow(
 }
 
 void AutosamplerWindow::Bind() {
-    // The tab order is the order in which the controls were built.
-    QWidget* previous = nullptr;
-    for (QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabInBuiltOrder(this);
     binder_ = new DialogBinder(model_, this);
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });

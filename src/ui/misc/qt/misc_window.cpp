@@ -64,12 +64,7 @@ MiscWindow::MiscWindow(MiscDialog& model, QWidget* parent) : QDialog(parent) {
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
     ok->setDefault(true);
 
-    QWidget* previous = nullptr;
-    for (QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabInBuiltOrder(this);
 
     binder_ = new DialogBinder(model, this);
     connect(binder_, &DialogBinder::Ended, this,
