@@ -79,18 +79,6 @@ Opened MainOnStation() {
     return Open<MainDialog, MainWindow>(std::make_shared<MainDialog>(Config()));
 }
 
-struct WindowRow {
-    const char* what;
-    const char* registry;  // the station's registry lines; null keeps the GPIB station's
-    std::function<Opened()> open;
-    std::vector<const char*> tabs;  // the Tab sequence from the first control
-    DialogEnd afterEsc;             // how the model stands after Esc
-};
-
-std::ostream& operator<<(std::ostream& out, const WindowRow& row) {
-    return out << row.what;
-}
-
 Opened Misc() {
     ConfigRecord record;
     record.ALS_TYPE = 1;
@@ -137,6 +125,18 @@ Opened Logon() {
 // The wait window waits for this test's own process, which runs on.
 Opened Wait() {
     return Open<WaitDialog, WaitWindow>(std::make_shared<WaitDialog>(::getpid()));
+}
+
+struct WindowRow {
+    const char* what;
+    const char* registry;  // the station's registry lines; null keeps the GPIB station's
+    std::function<Opened()> open;
+    std::vector<const char*> tabs;  // the Tab sequence from the first control
+    DialogEnd afterEsc;             // how the model stands after Esc
+};
+
+std::ostream& operator<<(std::ostream& out, const WindowRow& row) {
+    return out << row.what;
 }
 
 // The main window's controls after the address: the same on a GPIB and on a LAN station.
@@ -275,6 +275,35 @@ TEST_P(KeyboardTest, EscEndsTheDialogAsItsCancelButtonDoes) {
     if (GetParam().afterEsc != DialogEnd::Open) {
         EXPECT_EQ(opened_.window->result(), QDialog::Rejected);
     }
+}
+
+// The file dialog is Qt's own, with Qt's own keys: Esc cancels it, and the choice is left as it
+// was.
+using FileDialogKeyboardTest = support::TempStation;
+
+TEST_F(FileDialogKeyboardTest, EscCancelsTheFileDialog) {
+    bool pressed = false;
+    bool openAfterEsc = false;  // closed by the test instead, so a fault fails and never hangs
+    QTimer press;
+    QObject::connect(&press, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isActiveWindow()) return;
+        if (pressed) {
+            openAfterEsc = true;
+            dialog->reject();
+            return;
+        }
+        QWidget* focus = QApplication::focusWidget();
+        QTest::keyClick(focus != nullptr ? focus : dialog, Qt::Key_Escape);
+        pressed = true;
+    });
+    press.start(200);
+    FileRequest request{"Select QC Mode", "*.QCC", "qc.QCC", Root(), 0};
+    EXPECT_EQ(QtFileChooser(nullptr).SelectFile({}, SelectKind::OpenFolder, request), 0);
+    EXPECT_TRUE(pressed);
+    EXPECT_FALSE(openAfterEsc);
+    EXPECT_EQ(request.fileName, "qc.QCC");
+    EXPECT_EQ(request.directory, Root());
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, KeyboardTest, testing::ValuesIn(kWindows),
