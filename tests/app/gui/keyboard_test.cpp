@@ -79,6 +79,22 @@ Opened MainOnStation() {
     return Open<MainDialog, MainWindow>(std::make_shared<MainDialog>(Config()));
 }
 
+// The LC/GC type linked to its data system, the ASX500 autosampler and VLT integration: the
+// remote start, the instrument list, the autosampler's Setup... and the VLT folder take part.
+Opened MainWithLcGcLink() {
+    Opened opened = MainOnStation();
+    auto& window = static_cast<MainWindow&>(*opened.window);
+    auto choose = [&](const char* list, const char* entry) {
+        auto* entries = window.findChild<QComboBox*>(QLatin1String(list));
+        emit entries->activated(entries->findText(QLatin1String(entry)));
+    };
+    choose("Cb_Type", "LC/GC/Laser Ablation");
+    choose("Cb_Auto", "ASX500");
+    window.Binder().Click(QStringLiteral("Ck_CtrlLCGC"));
+    window.Binder().Click(QStringLiteral("Ck_VLT"));
+    return opened;
+}
+
 Opened Misc() {
     ConfigRecord record;
     record.ALS_TYPE = 1;
@@ -156,6 +172,17 @@ const WindowRow kWindows[] = {
      "\"Path\"=\"C:\\\\PLASMA\"\r\n\"HardWare\"=dword:00000002\r\n",
      MainOnStation,
      {"Ed_IP(0)", "Ed_IP(1)", "Ed_IP(2)", "Ed_IP(3)", MAIN_WINDOW_AFTER_ADDRESS},
+     DialogEnd::Cancelled},
+    {"MainWindowWithLcGcLink",
+     nullptr,
+     MainWithLcGcLink,
+     {"Ed_Address",    "Ck_Offline",    "Op_Wait",       "Ck_NotRepRem",  "Cb_Type",
+      "Cb_Auto",       "Cd_AutoSet",    "Ck_CtrlLCGC",   "Cb_LCInst",     "Ed_Inhibit(0)",
+      "Ed_Inhibit(1)", "Ed_Inhibit(2)", "Ed_Inhibit(3)", "Ed_Inhibit(4)", "Ed_Inhibit(5)",
+      "Ed_Inhibit(6)", "Ed_Inhibit(7)", "Ed_Inhibit(8)", "Ed_Inhibit(9)", "Cd_Browse",
+      "Cd_QCCfg",      "Ck_Integ",      "Ck_Security",   "Ck_VLT",        "Cd_SelVLTFolder",
+      "Cd_Misc",       "Cd_Tlbar",      "Cd_Save",       "Cd_Reset",      "Cancel",
+      "Help"},
      DialogEnd::Cancelled},
     {"Miscellaneous",
      nullptr,
