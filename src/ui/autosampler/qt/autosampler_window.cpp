@@ -32,6 +32,7 @@ QBoxLayout* AutosamplerWindow::ButtonRow(
 void AutosamplerWindow::Bind() {
     TabInBuiltOrder(this);
     binder_ = new DialogBinder(model_, this);
+    binder_->CancelOnEsc(cancel_);
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });
 }
@@ -39,10 +40,6 @@ void AutosamplerWindow::Bind() {
 void AutosamplerWindow::keyPressEvent(QKeyEvent* event) {
     const bool plain =
         event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
-    if (plain && event->key() == Qt::Key_Escape) {
-        binder_->Click(cancel_);
-        return;
-    }
     if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         binder_->Click(ok_);
         return;

@@ -7,7 +7,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -91,6 +90,9 @@ MainWindow::MainWindow(MainDialog& model, QWidget* parent) : QDialog(parent), mo
 
     binder_ = new DialogBinder(model_, this);
     binder_->SetClickAction(QStringLiteral("Cd_SelVLTFolder"), [this] { ChooseVltFolder(); });
+    // Esc is the Cancel button; closing by the frame is not (the window's close then writes
+    // only what another dialog's OK asked for).
+    binder_->CancelOnEsc(QStringLiteral("Cancel"));
     connect(binder_, &DialogBinder::Shown, this, &MainWindow::FollowAddressBox);
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });
@@ -244,16 +246,6 @@ void MainWindow::FollowAddressBox() {
     if (label == nullptr || address == nullptr) return;
     QWidget* target = address->isHidden() ? binder_->Widget(Indexed("Ed_IP", 0)) : address;
     if (label->buddy() != target) label->setBuddy(target);
-}
-
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-    // Esc is the Cancel button; closing by the frame is not (the window's close then writes
-    // only what another dialog's OK asked for).
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
-        binder_->Click(QStringLiteral("Cancel"));
-        return;
-    }
-    QDialog::keyPressEvent(event);
 }
 
 }  // namespace lumacfg::ui
