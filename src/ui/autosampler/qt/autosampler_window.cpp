@@ -30,14 +30,9 @@ QBoxLayout* AutosamplerWindow::ButtonRow(
 }
 
 void AutosamplerWindow::Bind() {
-    // The tab order is the order in which the controls were built.
-    QWidget* previous = nullptr;
-    for (QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabInBuiltOrder(this);
     binder_ = new DialogBinder(model_, this);
+    binder_->CancelOnEsc(cancel_);
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });
 }
@@ -45,10 +40,6 @@ void AutosamplerWindow::Bind() {
 void AutosamplerWindow::keyPressEvent(QKeyEvent* event) {
     const bool plain =
         event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
-    if (plain && event->key() == Qt::Key_Escape) {
-        binder_->Click(cancel_);
-        return;
-    }
     if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         binder_->Click(ok_);
         return;

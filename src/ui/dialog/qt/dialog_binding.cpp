@@ -136,6 +136,12 @@ std::optional<KeyPress> Translate(const QKeyEvent& key) {
     return KeyPress{KeyPress::Kind::Character, ToAnsi(text).front()};
 }
 
+bool IsEsc(const QEvent& event) {
+    if (event.type() != QEvent::KeyPress) return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Escape && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+}
+
 BoxCaret CaretOf(const QLineEdit& box) {
     BoxCaret caret;
     caret.position = box.cursorPosition();
@@ -267,6 +273,11 @@ bool DialogBinder::eventFilter(QObject* watched, QEvent* event) {
             this, [this] { model_.Activated(static_cast<platform::WindowHandle>(root_->winId())); },
             Qt::QueuedConnection);
         return false;
+    }
+    // A key the focused control leaves unused reaches the window last.
+    if (watched == root_ && !escapeButton_.isEmpty() && IsEsc(*event)) {
+        Click(escapeButton_);
+        return true;
     }
     auto* box = qobject_cast<QLineEdit*>(watched);
     if (box == nullptr || box == delivering_) return false;

@@ -63,6 +63,10 @@ class DialogBinder final : public QObject {
     // user's edit of that control; the states are then shown again.
     void SetText(const QString& control, const QString& text);
 
+    // Esc (without Ctrl, Alt or Shift) clicks `control`, the dialog's Cancel button, wherever the
+    // focus is in the window; closing the window by its frame is left to the window.
+    void CancelOnEsc(const QString& control) { escapeButton_ = control; }
+
     // Clicks a control as the user would (the focus moves to it, a box with the focus is left,
     // then the model or the view's action takes the click).
     void Click(const QString& control);
@@ -94,6 +98,7 @@ class DialogBinder final : public QObject {
     QWidget* root_;
     QHash<QString, QWidget*> widgets_;
     QHash<QString, std::function<void()>> actions_;
+    QString escapeButton_;              // the button Esc clicks; none when empty
     QPointer<QLineEdit> boxWithFocus_;  // the box that has the focus and was not left yet
     QLineEdit* delivering_ = nullptr;   // the box a key is being handed to after the model
     bool ended_ = false;

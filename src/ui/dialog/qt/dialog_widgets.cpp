@@ -9,6 +9,17 @@
 
 namespace lumacfg::ui {
 
+void TabInBuiltOrder(QWidget* window) {
+    // findChildren lists the widgets depth first, each after the widget that holds it, in the
+    // order they were made.
+    QWidget* previous = nullptr;
+    for (QWidget* widget : window->findChildren<QWidget*>()) {
+        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
+        if (previous != nullptr) QWidget::setTabOrder(previous, widget);
+        previous = widget;
+    }
+}
+
 QComboBox* ListRow(QGridLayout* grid, int row, QWidget* parent, const QString& label,
                    const QString& list, QChar mnemonic) {
     auto* caption = Make<QLabel>(parent, label, mnemonic);

@@ -29,6 +29,11 @@ Widget* Make(QWidget* parent, const char* name, QChar mnemonic = {}, Args&&... a
     return Make<Widget>(parent, QLatin1String(name), mnemonic, std::forward<Args>(args)...);
 }
 
+// Tab and Shift+Tab visit the window's named controls in the order they were built. Every window
+// builds its controls in reading order: frame after frame, top to bottom and left to right within
+// a row, the window's buttons last.
+void TabInBuiltOrder(QWidget* window);
+
 // A label and its drop-down list (as wide as its entries) on one row of `grid`; the label's
 // mnemonic gives the list the focus. Returns the list.
 QComboBox* ListRow(QGridLayout* grid, int row, QWidget* parent, const QString& label,

@@ -1,7 +1,7 @@
 #include "ui/logon/qt/logon_window.h"
 
-#include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "ui/dialog/qt/dialog_binding.h"
+#include "ui/dialog/qt/dialog_widgets.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -37,12 +38,17 @@ LogonWindow::LogonWindow(LogonDialog& model, QWidget* parent) : QDialog(parent),
     message->setObjectName(QStringLiteral("Lbl_Message"));
     message->setWordWrap(true);
     message->setMinimumWidth(320);
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* ok = buttons->addButton(QString(), QDialogButtonBox::AcceptRole);
+    // OK before Cancel on every desktop, as in every dialog of the data system, so Tab meets
+    // them in the order they stand.
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    auto* ok = new QPushButton(this);
     ok->setObjectName(QStringLiteral("Cd_OK"));
     ok->setDefault(true);
-    QPushButton* cancel = buttons->addButton(QString(), QDialogButtonBox::RejectRole);
+    buttons->addWidget(ok);
+    auto* cancel = new QPushButton(this);
     cancel->setObjectName(QStringLiteral("Cd_Cancel"));
+    buttons->addWidget(cancel);
 
     auto* form = new QFormLayout;
     form->addRow(Label("Lbl_User", u'U', user, this), user);
@@ -50,11 +56,9 @@ LogonWindow::LogonWindow(LogonDialog& model, QWidget* parent) : QDialog(parent),
     auto* column = new QVBoxLayout(this);
     column->addLayout(form);
     column->addWidget(message);
-    column->addWidget(buttons);
+    column->addLayout(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder(user, password);
-    setTabOrder(password, ok);
-    setTabOrder(ok, cancel);
+    TabInBuiltOrder(this);
     // The password box has the focus when the name is already there.
     (model_.State().at("Ed_User").text.empty() ? user : password)->setFocus();
 

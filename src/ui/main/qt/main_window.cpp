@@ -7,7 +7,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -87,17 +86,13 @@ MainWindow::MainWindow(MainDialog& model, QWidget* parent) : QDialog(parent), mo
     // Enter never saves by accident: no button is the default one.
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
 
-    // The tab order is the order in which the controls were built: frame after frame, then
-    // the buttons.
-    QWidget* previous = nullptr;
-    for (QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabInBuiltOrder(this);
 
     binder_ = new DialogBinder(model_, this);
     binder_->SetClickAction(QStringLiteral("Cd_SelVLTFolder"), [this] { ChooseVltFolder(); });
+    // Esc is the Cancel button; closing by the frame is not (the window's close then writes
+    // only what another dialog's OK asked for).
+    binder_->CancelOnEsc(QStringLiteral("Cancel"));
     connect(binder_, &DialogBinder::Shown, this, &MainWindow::FollowAddressBox);
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });
@@ -151,7 +146,7 @@ QGroupBox* MainWindow::BuildIntroduction() {
                        mnemonic);
     };
     addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type");
-    grid->addWidget(Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('e')), 0, 2);
+    grid->addWidget(Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('p')), 0, 2);
     addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto");
     grid->addWidget(Make<QPushButton>(frame, "Cd_AutoSet", QLatin1Char('u')), 1, 2);
     grid->addWidget(addList(2, "Lbl_MPMApp", QLatin1Char('O'), "Cb_MPMApp"), 2, 1, 1, 2);
@@ -251,16 +246,6 @@ void MainWindow::FollowAddressBox() {
     if (label == nullptr || address == nullptr) return;
     QWidget* target = address->isHidden() ? binder_->Widget(Indexed("Ed_IP", 0)) : address;
     if (label->buddy() != target) label->setBuddy(target);
-}
-
-void MainWindow::keyPressEvent(QKeyEvent* event) {
-    // Esc is the Cancel button; closing by the frame is not (the window's close then writes
-    // only what another dialog's OK asked for).
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
-        binder_->Click(QStringLiteral("Cancel"));
-        return;
-    }
-    QDialog::keyPressEvent(event);
 }
 
 }  // namespace lumacfg::ui

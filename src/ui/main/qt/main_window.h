@@ -33,9 +33,6 @@ class MainWindow final : public QDialog {
 
     DialogBinder& Binder() { return *binder_; }
 
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
   private:
     QGroupBox* BuildConnection();
     QGroupBox* BuildRemoteStart();

@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -64,14 +63,11 @@ MiscWindow::MiscWindow(MiscDialog& model, QWidget* parent) : QDialog(parent) {
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
     ok->setDefault(true);
 
-    QWidget* previous = nullptr;
-    for (QWidget* widget : findChildren<QWidget*>()) {
-        if (widget->objectName().isEmpty() || widget->focusPolicy() == Qt::NoFocus) continue;
-        if (previous != nullptr) setTabOrder(previous, widget);
-        previous = widget;
-    }
+    TabInBuiltOrder(this);
 
     binder_ = new DialogBinder(model, this);
+    // Esc is the Cancel button; closing by the frame leaves the record and the save request.
+    binder_->CancelOnEsc(QStringLiteral("Cancel"));
     connect(binder_, &DialogBinder::Ended, this,
             [this](DialogEnd end) { done(end == DialogEnd::Accepted ? Accepted : Rejected); });
     auto* help = new QShortcut(QKeySequence::HelpContents, this);
@@ -139,15 +135,6 @@ QGroupBox* MiscWindow::BuildProbeMove() {
     grid->setColumnStretch(4, 1);
     grid->setRowStretch(4, 1);
     return frame;
-}
-
-void MiscWindow::keyPressEvent(QKeyEvent* event) {
-    // Esc is the Cancel button; closing by the frame leaves the record and the save request.
-    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
-        binder_->Click(QStringLiteral("Cancel"));
-        return;
-    }
-    QDialog::keyPressEvent(event);
 }
 
 }  // namespace lumacfg::ui

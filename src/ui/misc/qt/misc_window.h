@@ -22,9 +22,6 @@ class MiscWindow final : public QDialog {
 
     DialogBinder& Binder() { return *binder_; }
 
-  protected:
-    void keyPressEvent(QKeyEvent* event) override;
-
   private:
     QGroupBox* BuildOptions();
     QGroupBox* BuildIgnition();

@@ -45,8 +45,7 @@ FirstStartWindow::FirstStartWindow(FirstStartDialog& model, QWidget* parent) : Q
 
     for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
     ok->setDefault(true);
-    setTabOrder(folder, browse);
-    setTabOrder(browse, ok);
+    TabInBuiltOrder(this);
 
     binder_ = new DialogBinder(model, this);
     binder_->SetClickAction(QStringLiteral("Cd_Browse"), [this] { ChooseFolder(); });
