@@ -24,6 +24,7 @@ namespace {
 constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
 constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
 constexpr const char* kOwnMnemonicProperty = "lumacfgOwnMnemonic";
+constexpr const char* kAccessibleNameProperty = "lumacfgAccessibleName";
 
 std::string ControlName(const QObject* object) {
     return object->objectName().toStdString();
@@ -107,6 +108,27 @@ void ShowOne(QWidget* widget, const ControlState& state) {
     widget->setVisible(state.visible && !widget->property(kHiddenProperty).toBool());
 }
 
+// A caption as a screen reader says it: "&&" is "&", a single "&" marks the mnemonic and is
+// dropped, and a label's closing colon goes.
+QString Spoken(const QString& caption) {
+    QString spoken;
+    spoken.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == QLatin1Char('&') && i + 1 < caption.size()) ++i;
+        spoken.append(caption[i]);
+    }
+    spoken = spoken.trimmed();
+    if (spoken.endsWith(QLatin1Char(':'))) spoken.chop(1);
+    return spoken.trimmed();
+}
+
+const QLabel* LabelOf(const QWidget* widget, const QWidget* root) {
+    for (const QLabel* label : root->findChildren<QLabel*>()) {
+        if (label->buddy() == widget) return label;
+    }
+    return nullptr;
+}
+
 // The key as the model takes it; none for a key the model has no say in (Tab, Enter, a key
 // with Ctrl or Alt).
 std::optional<KeyPress> Translate(const QKeyEvent& key) {
@@ -174,6 +196,29 @@ void ShowState(const Controls& controls, QWidget* root) {
         const QSignalBlocker blocker(widget);
         ShowOne(widget, state);
     }
+    NameForScreenReaders(root);
+}
+
+void NameForScreenReaders(QWidget* root) {
+    for (QWidget* widget : NamedWidgets(root)) {
+        const QString name = AccessibleNameOf(widget, root);
+        if (widget->accessibleName() != name) widget->setAccessibleName(name);
+    }
+}
+
+QString AccessibleNameOf(const QWidget* widget, const QWidget* root) {
+    const QVariant given = widget->property(kAccessibleNameProperty);
+    if (given.isValid()) return given.toString();
+    if (const QLabel* label = LabelOf(widget, root)) return Spoken(label->text());
+    if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) return Spoken(frame->title());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return Spoken(button->text());
+    return {};
+}
+
+void SetAccessibleName(QWidget* widget, const QString& name) {
+    widget->setProperty(kAccessibleNameProperty, name);
+    widget->setAccessibleName(name);
 }
 
 void SetMnemonic(QWidget* widget, QChar letter) {

@@ -1,0 +1,211 @@
+#!/usr/bin/python3
+"""Reads every window of lumacfg as a screen reader does, over AT-SPI.
+
+Each case starts the built program on a fresh copy of the demo station, with the window of the
+case open (the main window, or the one a button opens) and held open for the walk; waits until
+the window's accessible tree shows the case's sample names; then fails on any control that takes
+the focus but has no name, on two controls of one role with one name in one window, and on a
+sample name missing. Only what is shown counts: a hidden widget is reported without the
+"showing" state, and screen readers pass over it, so the walk does too.
+
+    atspi_walk.py LUMACFG LUMACFG_CLI DEMO_STATION [CASE...]
+
+Runs under an X server (DISPLAY) inside a private D-Bus session (dbus-run-session), which starts
+the AT-SPI bus on the first request for it.
+"""
+import os
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+
+import pyatspi
+
+PATIENCE_S = 90  # the slowest build (sanitizers) on a busy machine
+POLL_S = 0.25
+HOLD_S = "600"  # the program ends by itself at the latest after this
+
+
+class Case:
+    def __init__(self, name, samples, hardware=1, settings=(), click=None, station="demo",
+                 descriptions=()):
+        self.name = name
+        self.samples = samples  # names (regular expressions) some shown object must have
+        self.hardware = hardware  # the registry's hardware model: 1 GPIB, 2 LAN
+        self.settings = list(settings)  # `lumacfg-cli set` arguments applied first
+        self.click = click  # the button path that opens the window
+        self.station = station  # "demo", "unreadable" (a message box) or "none" (first start)
+        self.descriptions = descriptions  # (name, description) pairs, both regular expressions
+
+
+SETUP_BUTTONS = ["Instrument type setup", "Autosampler setup"]
+CASES = [
+    Case("main window, GPIB",
+         ["ICP-MS Address"] + SETUP_BUTTONS + ["Prohibited mass %d" % i for i in range(1, 11)]),
+    Case("main window, LAN", ["IP address, part %d of 4" % i for i in range(1, 5)], hardware=2),
+    Case("Miscellaneous", ["OK", "Cancel"], hardware=2, click="Cd_Misc"),
+    Case("file selection", ["OK", "Cancel"], hardware=2, click="Cd_Browse"),
+    Case("wait window", [".+"], hardware=2, click="Cd_Tlbar"),
+    Case("ASX500", ["Tray picture, Position 1 of \\d+: .+"], settings=["ALS_TYPE=1"],
+         click="Cd_AutoSet",
+         descriptions=[("Tray picture.*", "Tray .+\\. Position 1 of \\d+: .+")]),
+    Case("ASX", ["OK", "Cancel"], settings=["ALS_TYPE=2"], click="Cd_AutoSet"),
+    Case("VAS", ["OK", "Cancel"], settings=["ALS_TYPE=5", "SAMPLE_DEPTH=40"],
+         click="Cd_AutoSet"),
+    Case("Custom Trays", ["OK", "Cancel"], settings=["ALS_TYPE=1"],
+         click="Cd_AutoSet/btnConfigTray"),
+    Case("Custom Racks", ["OK", "Cancel"], settings=["ALS_TYPE=1"],
+         click="Cd_AutoSet/btnConfigRack"),
+    Case("first-start window", ["OK", "Cancel"], station="none"),
+    Case("message box", ["OK", ".*cannot read .*lumagen\\.ist.*"], station="unreadable"),
+]
+
+
+def station_environment(case, lumacfg_cli, demo, work):
+    """A fresh station for the case; the program's environment for it."""
+    env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1",
+               QT_QPA_PLATFORM="xcb", LUMACFG_CLI=lumacfg_cli)
+    station = tempfile.mkdtemp(dir=work)
+    if case.station == "none":
+        env.pop("LUMACFG_PROGRAM_DIR", None)
+        env["LUMACFG_REGISTRY"] = os.path.join(station, "no-store", "registry.reg")
+        return env
+    shutil.copytree(demo, station, dirs_exist_ok=True)
+    registry = os.path.join(station, "registry.reg")
+    with open(registry, encoding="latin-1") as file:
+        text = re.sub(r'"HardWare"=dword:[0-9a-f]*', '"HardWare"=dword:%08x' % case.hardware,
+                      file.read())
+    with open(registry, "w", encoding="latin-1") as file:
+        file.write(text)
+    env.update(LUMACFG_PROGRAM_DIR=os.path.join(station, "LUMAEXE"), LUMACFG_REGISTRY=registry,
+               LUMACFG_AUDIT_LOG=os.path.join(station, "audit.log"), LUMACFG_LOCK_DIR=station)
+    if case.settings:
+        subprocess.run([lumacfg_cli, "set"] + case.settings, env=env, check=True,
+                       stdout=subprocess.DEVNULL)
+    if case.station == "unreadable":
+        os.makedirs(os.path.join(station, "LUMAEXE", "lumagen.ist"), exist_ok=True)
+    return env
+
+
+def application_of(pid):
+    desktop = pyatspi.Registry.getDesktop(0)
+    for app in desktop:
+        if app is not None and app.get_process_id() == pid:
+            return app
+    return None
+
+
+def shown(node):
+    return node.getState().contains(pyatspi.STATE_SHOWING)
+
+
+def walk(node):
+    """Every object under node that is shown, node first."""
+    yield node
+    for child in node:
+        if child is not None and shown(child):
+            yield from walk(child)
+
+
+def read_windows(app):
+    """For each shown window: a list of (role, name, description, focusable) of what it shows."""
+    windows = []
+    for window in app:
+        if window is None or not shown(window):
+            continue
+        windows.append([(o.getRoleName(), o.name or "", o.description or "",
+                         o.getState().contains(pyatspi.STATE_FOCUSABLE)) for o in walk(window)])
+    return windows
+
+
+def faults_of(case, windows):
+    faults = []
+    names = [name for window in windows for (_, name, _, _) in window]
+    for sample in case.samples:
+        if not any(re.fullmatch(sample, name) for name in names):
+            faults.append("no object named %r" % sample)
+    for sample_name, sample_description in case.descriptions:
+        if not any(re.fullmatch(sample_name, name) and re.fullmatch(sample_description, text)
+                   for window in windows for (_, name, text, _) in window):
+            faults.append("no object %r described as %r" % (sample_name, sample_description))
+    for window in windows:
+        seen = set()
+        for role, name, _, focusable in window:
+            if not focusable:
+                continue
+            if not name.strip():
+                faults.append("a %s takes the focus but has no name" % role)
+            elif (role, name) in seen:
+                faults.append("two of role %s are named %r" % (role, name))
+            seen.add((role, name))
+    return faults
+
+
+def read_case(case, lumacfg, lumacfg_cli, demo, work):
+    """The faults of the case's window ([] when none)."""
+    env = station_environment(case, lumacfg_cli, demo, work)
+    command = [lumacfg, "--screenshot", os.path.join(work, "window.png"), "--hold", HOLD_S]
+    if case.click:
+        command += ["--click", case.click]
+    if case.station == "unreadable":
+        command = [lumacfg, "--quit-after-shown"]  # the message box waits for its OK
+    program = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.PIPE, start_new_session=True)
+    try:
+        deadline = time.monotonic() + PATIENCE_S
+        faults = ["the program's accessible tree never appeared"]
+        while time.monotonic() < deadline and program.poll() is None:
+            try:
+                app = application_of(program.pid)
+                windows = read_windows(app) if app is not None else []
+                if windows:
+                    faults = faults_of(case, windows)
+                    missing = any(f.startswith("no object") for f in faults)
+                    if not missing:
+                        return faults
+            except Exception as error:  # an object went away while read: read again
+                faults = ["the tree could not be read: %s" % error]
+            time.sleep(POLL_S)
+        if program.poll() is not None:
+            faults.append("the program ended early (%d): %s"
+                          % (program.returncode, program.stderr.read().decode(errors="replace")))
+        return faults
+    finally:
+        stop(program)
+
+
+def stop(program):
+    if program.poll() is None:
+        os.killpg(program.pid, signal.SIGTERM)
+        try:
+            program.wait(10)
+        except subprocess.TimeoutExpired:
+            os.killpg(program.pid, signal.SIGKILL)
+            program.wait()
+    program.stderr.close()
+
+
+def main(arguments):
+    if len(arguments) < 3:
+        print(__doc__, file=sys.stderr)
+        return 2
+    lumacfg, lumacfg_cli, demo = (os.path.abspath(a) for a in arguments[:3])
+    chosen = arguments[3:]
+    failed = 0
+    with tempfile.TemporaryDirectory() as work:
+        for case in CASES:
+            if chosen and case.name not in chosen:
+                continue
+            faults = read_case(case, lumacfg, lumacfg_cli, demo, work)
+            print("%s: %s" % (case.name, "ok" if not faults else "FAILED"))
+            for fault in faults:
+                print("    " + fault)
+            failed += bool(faults)
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1:]))
