@@ -33,7 +33,8 @@ class Case:
     def __init__(self, name, samples, hardware=1, settings=(), click=None, station="demo",
                  descriptions=()):
         self.name = name
-        self.samples = samples  # names (regular expressions) some shown object must have
+        # Names (regular expressions) some shown object must have; (role, name) for one of a role.
+        self.samples = samples
         self.hardware = hardware  # the registry's hardware model: 1 GPIB, 2 LAN
         self.settings = list(settings)  # `lumacfg-cli set` arguments applied first
         self.click = click  # the button path that opens the window
@@ -41,25 +42,35 @@ class Case:
         self.descriptions = descriptions  # (name, description) pairs, both regular expressions
 
 
-SETUP_BUTTONS = ["Instrument type setup", "Autosampler setup"]
+SETUP_BUTTONS = [("push button", "Instrument type setup"), ("push button", "Autosampler setup")]
+# The entries of a list or a table are its content, not controls of the window: several may
+# read alike ("Folder"), and an empty cell has no name.
+ENTRY_ROLES = {"list item", "table cell", "tree item"}
 CASES = [
     Case("main window, GPIB",
-         ["ICP-MS Address"] + SETUP_BUTTONS + ["Prohibited mass %d" % i for i in range(1, 11)]),
+         [("text", "ICP-MS Address"), ("combo box", "Type"), ("combo box", "Autosampler")]
+         + SETUP_BUTTONS + [("text", "Prohibited mass %d" % i) for i in range(1, 11)]),
     Case("main window, LAN", ["IP address, part %d of 4" % i for i in range(1, 5)], hardware=2),
-    Case("Miscellaneous", ["OK", "Cancel"], hardware=2, click="Cd_Misc"),
-    Case("file selection", ["OK", "Cancel"], hardware=2, click="Cd_Browse"),
-    Case("wait window", [".+"], hardware=2, click="Cd_Tlbar"),
-    Case("ASX500", ["Tray picture, Position 1 of \\d+: .+"], settings=["ALS_TYPE=1"],
+    Case("Miscellaneous", [("text", "Flow Rate"), ("check box", "Sample Pump")], hardware=2,
+         click="Cd_Misc"),
+    Case("file selection", [("combo box", "Look in:"), ("combo box", "Files of type:"), "Cancel"],
+         hardware=2, click="Cd_Browse"),
+    Case("wait window", [("progress bar", "Waiting")], hardware=2, click="Cd_Tlbar"),
+    Case("ASX500",
+         [("combo box", "Tray Type"), ("combo box", "Rack ID 9"),
+          "Tray picture, Position 1 of \\d+: .+"], settings=["ALS_TYPE=1"],
          click="Cd_AutoSet",
-         descriptions=[("Tray picture.*", "Tray .+\\. Position 1 of \\d+: .+")]),
-    Case("ASX", ["OK", "Cancel"], settings=["ALS_TYPE=2"], click="Cd_AutoSet"),
-    Case("VAS", ["OK", "Cancel"], settings=["ALS_TYPE=5", "SAMPLE_DEPTH=40"],
-         click="Cd_AutoSet"),
-    Case("Custom Trays", ["OK", "Cancel"], settings=["ALS_TYPE=1"],
-         click="Cd_AutoSet/btnConfigTray"),
-    Case("Custom Racks", ["OK", "Cancel"], settings=["ALS_TYPE=1"],
+         descriptions=[("Tray picture.*", "(?s)Tray .+\\nPosition 1 of \\d+: .+")]),
+    Case("ASX", [("combo box", "COM Port for ALS"), ("combo box", "Rack ID 4")],
+         settings=["ALS_TYPE=2"], click="Cd_AutoSet"),
+    Case("VAS", [("combo box", "Sample Tray"), ("text", "Rinse Port")],
+         settings=["ALS_TYPE=5", "SAMPLE_DEPTH=40"], click="Cd_AutoSet"),
+    Case("Custom Trays", [("list", "Trays"), ("combo box", "DEFRACK1 \\(a rack\\)")],
+         settings=["ALS_TYPE=1"], click="Cd_AutoSet/btnConfigTray"),
+    Case("Custom Racks", [("list", "Racks"), ("push button", "New")], settings=["ALS_TYPE=1"],
          click="Cd_AutoSet/btnConfigRack"),
-    Case("first-start window", ["OK", "Cancel"], station="none"),
+    Case("first-start window", [("text", "Data system folder"), ("push button", "Browse...")],
+         station="none"),
     Case("message box", ["OK", ".*cannot read .*lumagen\\.ist.*"], station="unreadable"),
 ]
 
@@ -123,10 +134,11 @@ def read_windows(app):
 
 def faults_of(case, windows):
     faults = []
-    names = [name for window in windows for (_, name, _, _) in window]
+    named = [(role, name) for window in windows for (role, name, _, _) in window]
     for sample in case.samples:
-        if not any(re.fullmatch(sample, name) for name in names):
-            faults.append("no object named %r" % sample)
+        role, pattern = sample if isinstance(sample, tuple) else (None, sample)
+        if not any(re.fullmatch(pattern, name) and role in (None, r) for r, name in named):
+            faults.append("no %s named %r" % (role or "object", pattern))
     for sample_name, sample_description in case.descriptions:
         if not any(re.fullmatch(sample_name, name) and re.fullmatch(sample_description, text)
                    for window in windows for (_, name, text, _) in window):
@@ -134,7 +146,7 @@ def faults_of(case, windows):
     for window in windows:
         seen = set()
         for role, name, _, focusable in window:
-            if not focusable:
+            if not focusable or role in ENTRY_ROLES:
                 continue
             if not name.strip():
                 faults.append("a %s takes the focus but has no name" % role)
@@ -163,7 +175,7 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
                 windows = read_windows(app) if app is not None else []
                 if windows:
                     faults = faults_of(case, windows)
-                    missing = any(f.startswith("no object") for f in faults)
+                    missing = any(f.startswith("no ") for f in faults)
                     if not missing:
                         return faults
             except Exception as error:  # an object went away while read: read again
@@ -194,6 +206,7 @@ def main(arguments):
         return 2
     lumacfg, lumacfg_cli, demo = (os.path.abspath(a) for a in arguments[:3])
     chosen = arguments[3:]
+    pyatspi.Registry.getDesktop(0)  # the registry runs before the first program asks for it
     failed = 0
     with tempfile.TemporaryDirectory() as work:
         for case in CASES:

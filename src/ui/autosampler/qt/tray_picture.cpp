@@ -87,7 +87,7 @@ QString TrayText(const TrayPlan& plan) {
     QStringList parts{
         QCoreApplication::translate("lumacfg", "Tray %1").arg(FromAnsi(plan.trayName))};
     for (std::size_t i = 0; i < plan.positions.size(); ++i) parts << PositionText(plan, i);
-    return parts.join(QLatin1String(". ")) + QLatin1Char('.');
+    return parts.join(u'\n');
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include "ui/dialog/qt/dialog_binding.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -129,6 +132,48 @@ const QLabel* LabelOf(const QWidget* widget, const QWidget* root) {
     return nullptr;
 }
 
+// A drop-down list as a screen reader reads it. Qt names a list on Linux by its chosen entry;
+// here the list's name is its own (AccessibleNameOf, else its label's caption), and the chosen
+// entry is its value. Its entries are its one child, as in Qt's own.
+class AccessibleList final : public QAccessibleWidget {
+  public:
+    explicit AccessibleList(QComboBox* list) : QAccessibleWidget(list, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? List()->currentText() : QAccessibleWidget::text(kind);
+    }
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(List()->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child != nullptr && child->object() == List()->view() ? 0 : -1;
+    }
+    QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    void doAction(const QString& action) override {
+        if (action == showMenuAction() || action == pressAction()) List()->showPopup();
+    }
+
+  private:
+    QComboBox* List() const { return static_cast<QComboBox*>(widget()); }
+};
+
+QAccessibleInterface* AccessibleListOf(const QString& className, QObject* object) {
+    auto* list = qobject_cast<QComboBox*>(object);
+    if (list == nullptr || className != QLatin1String("QComboBox")) return nullptr;
+    return new AccessibleList(list);
+}
+
+// Installed before a list is first asked for its interface, which a list's change of entries
+// does: before ShowState fills the first list.
+void NameListsByTheirOwnNames() {
+    static const bool installed = [] {
+        QAccessible::installFactory(&AccessibleListOf);
+        return true;
+    }();
+    (void)installed;
+}
+
 // The key as the model takes it; none for a key the model has no say in (Tab, Enter, a key
 // with Ctrl or Alt).
 std::optional<KeyPress> Translate(const QKeyEvent& key) {
@@ -184,6 +229,7 @@ QString CaptionWithMnemonic(const QString& caption, QChar letter) {
 }
 
 void ShowState(const Controls& controls, QWidget* root) {
+    NameListsByTheirOwnNames();
     const QHash<QString, QWidget*> widgets = NamedWidgets(root);
     for (const auto& [name, state] : controls) {
         const QString control = QString::fromStdString(name);
@@ -200,6 +246,7 @@ void ShowState(const Controls& controls, QWidget* root) {
 }
 
 void NameForScreenReaders(QWidget* root) {
+    NameListsByTheirOwnNames();
     for (QWidget* widget : NamedWidgets(root)) {
         const QString name = AccessibleNameOf(widget, root);
         if (widget->accessibleName() != name) widget->setAccessibleName(name);
