@@ -31,7 +31,7 @@ HOLD_S = "600"  # the program ends by itself at the latest after this
 
 class Case:
     def __init__(self, name, samples, hardware=1, settings=(), click=None, station="demo",
-                 descriptions=()):
+                 descriptions=(), walk_tray=False):
         self.name = name
         # Names (regular expressions) some shown object must have; (role, name) for one of a role.
         self.samples = samples
@@ -40,6 +40,7 @@ class Case:
         self.click = click  # the button path that opens the window
         self.station = station  # "demo", "unreadable" (a message box) or "none" (first start)
         self.descriptions = descriptions  # (name, description) pairs, both regular expressions
+        self.walk_tray = walk_tray  # the tray picture takes the focus and Right reaches position 2
 
 
 SETUP_BUTTONS = [("push button", "Instrument type setup"), ("push button", "Autosampler setup")]
@@ -60,7 +61,8 @@ CASES = [
          [("combo box", "Tray Type"), ("combo box", "Rack ID 9"),
           "Tray picture, Position 1 of \\d+: .+"], settings=["ALS_TYPE=1"],
          click="Cd_AutoSet",
-         descriptions=[("Tray picture.*", "(?s)Tray .+\\nPosition 1 of \\d+: .+")]),
+         descriptions=[("Tray picture.*", "(?s)Tray .+\\nPosition 1 of \\d+: .+")],
+         walk_tray=True),
     Case("ASX", [("combo box", "COM Port for ALS"), ("combo box", "Rack ID 4")],
          settings=["ALS_TYPE=2"], click="Cd_AutoSet"),
     Case("VAS", [("combo box", "Sample Tray"), ("text", "Rinse Port")],
@@ -156,6 +158,24 @@ def faults_of(case, windows):
     return faults
 
 
+def tray_walk_faults(app, deadline):
+    """Gives the tray picture the focus and presses Right: its name says position 2."""
+    XK_RIGHT = 0xFF53
+    picture = next(o for window in app if shown(window) for o in walk(window)
+                   if (o.name or "").startswith("Tray picture"))
+    picture.queryComponent().grabFocus()
+    while time.monotonic() < deadline:
+        if picture.getState().contains(pyatspi.STATE_FOCUSED):
+            pyatspi.Registry.generateKeyboardEvent(XK_RIGHT, None, pyatspi.KEY_SYM)
+            break
+        time.sleep(POLL_S)
+    while time.monotonic() < deadline:
+        if re.match(r"Tray picture, Position 2 of \d+: ", picture.name or ""):
+            return []
+        time.sleep(POLL_S)
+    return ["the tray picture did not move to position 2 by the keyboard: %r" % picture.name]
+
+
 def read_case(case, lumacfg, lumacfg_cli, demo, work):
     """The faults of the case's window ([] when none)."""
     env = station_environment(case, lumacfg_cli, demo, work)
@@ -177,6 +197,8 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
                     faults = faults_of(case, windows)
                     missing = any(f.startswith("no ") for f in faults)
                     if not missing:
+                        if case.walk_tray and not faults:
+                            faults = tray_walk_faults(app, deadline)
                         return faults
             except Exception as error:  # an object went away while read: read again
                 faults = ["the tree could not be read: %s" % error]
