@@ -9,16 +9,22 @@
 namespace lumacfg::ui {
 namespace {
 
+// A position holding rack `id`; a reason makes it a misfit.
+TrayPosition Holding(std::int16_t id, const char* name, const char* reason = "") {
+    TrayPosition position;
+    position.rackId = id;
+    position.rackName = name;
+    position.reason = reason;
+    position.fit = position.reason.empty() ? RackFit::Fits : RackFit::TooWide;
+    return position;
+}
+
 TrayPlan StandardTray() {
     TrayPlan plan;
     plan.trayId = 1;
     plan.trayName = "ASX 60";
-    plan.positions = {{.rackId = 1, .rackName = "R1", .fit = RackFit::Fits},
-                      {.rackId = 2,
-                       .rackName = "R2",
-                       .fit = RackFit::TooWide,
-                       .reason = "The rack is too wide\nfor position 2."},
-                      {}};
+    plan.positions = {Holding(1, "R1"), Holding(2, "R2", "The rack is too wide\nfor position 2."),
+                      TrayPosition()};
     return plan;
 }
 
@@ -49,7 +55,9 @@ TEST(TrayPictureTest, ItDescribesTheWholeTrayAndNamesThePositionWithTheFocus) {
     for (const auto& k : keys) {
         QTest::keyClick(&picture, k.key);
         EXPECT_EQ(picture.CurrentPosition(), k.position) << k.key;
-        if (k.name != nullptr) EXPECT_EQ(picture.accessibleName(), k.name) << k.key;
+        if (k.name != nullptr) {
+            EXPECT_EQ(picture.accessibleName(), k.name) << k.key;
+        }
     }
 
     // A plan with fewer positions keeps the focus on a position that is there.
