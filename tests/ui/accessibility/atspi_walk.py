@@ -184,8 +184,10 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
         command += ["--click", case.click]
     if case.station == "unreadable":
         command = [lumacfg, "--quit-after-shown"]  # the message box waits for its OK
-    program = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL,
-                               stderr=subprocess.PIPE, start_new_session=True)
+    # Its messages go to a file: a pipe nobody reads while it runs could fill and stop it.
+    errors = tempfile.TemporaryFile(dir=work)
+    program = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL, stderr=errors,
+                               start_new_session=True)
     try:
         deadline = time.monotonic() + PATIENCE_S
         faults = ["the program's accessible tree never appeared"]
@@ -204,22 +206,28 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
                 faults = ["the tree could not be read: %s" % error]
             time.sleep(POLL_S)
         if program.poll() is not None:
+            errors.seek(0)
             faults.append("the program ended early (%d): %s"
-                          % (program.returncode, program.stderr.read().decode(errors="replace")))
+                          % (program.returncode, errors.read().decode(errors="replace")))
         return faults
     finally:
         stop(program)
+        errors.close()
 
 
 def stop(program):
-    if program.poll() is None:
-        os.killpg(program.pid, signal.SIGTERM)
+    """Ends the program and what it started (its process group), by a signal."""
+    for ending in (signal.SIGTERM, signal.SIGKILL):
+        try:
+            os.killpg(program.pid, ending)
+        except ProcessLookupError:
+            break  # the whole group has ended
         try:
             program.wait(10)
+            break
         except subprocess.TimeoutExpired:
-            os.killpg(program.pid, signal.SIGKILL)
-            program.wait()
-    program.stderr.close()
+            continue
+    program.wait()
 
 
 def main(arguments):
