@@ -4,8 +4,8 @@
 Each case starts the built program on a fresh copy of the demo station, with the window of the
 case open (the main window, or the one a button opens) and held open for the walk; waits until
 the window's accessible tree shows the case's sample names; then fails on any control that takes
-the focus but has no name, on two controls of one role with one name in one window, and on a
-sample name missing. Only what is shown counts: a hidden widget is reported without the
+the focus but has no name, on two controls of one role with one name in one window, on a sample
+name missing, and on a list that does not say its chosen entry as its text. Only what is shown counts: a hidden widget is reported without the
 "showing" state, and screen readers pass over it, so the walk does too.
 
     atspi_walk.py LUMACFG LUMACFG_CLI DEMO_STATION [CASE...]
@@ -31,7 +31,7 @@ HOLD_S = "600"  # the program ends by itself at the latest after this
 
 class Case:
     def __init__(self, name, samples, hardware=1, settings=(), click=None, station="demo",
-                 descriptions=(), walk_tray=False):
+                 descriptions=(), entries=(), walk_tray=False):
         self.name = name
         # Names (regular expressions) some shown object must have; (role, name) for one of a role.
         self.samples = samples
@@ -40,6 +40,7 @@ class Case:
         self.click = click  # the button path that opens the window
         self.station = station  # "demo", "unreadable" (a message box) or "none" (first start)
         self.descriptions = descriptions  # (name, description) pairs, both regular expressions
+        self.entries = entries  # (list name, the chosen entry it says) pairs
         self.walk_tray = walk_tray  # the tray picture takes the focus and Right reaches position 2
 
 
@@ -50,7 +51,8 @@ ENTRY_ROLES = {"list item", "table cell", "tree item"}
 CASES = [
     Case("main window, GPIB",
          [("text", "ICP-MS Address"), ("combo box", "Type"), ("combo box", "Autosampler")]
-         + SETUP_BUTTONS + [("text", "Prohibited mass %d" % i) for i in range(1, 11)]),
+         + SETUP_BUTTONS + [("text", "Prohibited mass %d" % i) for i in range(1, 11)],
+         entries=[("Type", "Peristaltic Pump"), ("Autosampler", "None")]),
     Case("main window, LAN", ["IP address, part %d of 4" % i for i in range(1, 5)], hardware=2),
     Case("Miscellaneous", [("text", "Flow Rate"), ("check box", "Sample Pump")], hardware=2,
          click="Cd_Misc"),
@@ -123,31 +125,48 @@ def walk(node):
             yield from walk(child)
 
 
+def entry_of(node):
+    """The chosen entry a list says (its text), "" for anything else."""
+    if node.getRole() != pyatspi.ROLE_COMBO_BOX:
+        return ""
+    try:
+        return node.queryText().getText(0, -1)
+    except NotImplementedError:
+        return ""
+
+
 def read_windows(app):
-    """For each shown window: a list of (role, name, description, focusable) of what it shows."""
+    """For each shown window: a list of (role, name, description, focusable, entry) of what it
+    shows."""
     windows = []
     for window in app:
         if window is None or not shown(window):
             continue
         windows.append([(o.getRoleName(), o.name or "", o.description or "",
-                         o.getState().contains(pyatspi.STATE_FOCUSABLE)) for o in walk(window)])
+                         o.getState().contains(pyatspi.STATE_FOCUSABLE), entry_of(o))
+                        for o in walk(window)])
     return windows
 
 
 def faults_of(case, windows):
     faults = []
-    named = [(role, name) for window in windows for (role, name, _, _) in window]
+    named = [(role, name) for window in windows for (role, name, *_) in window]
     for sample in case.samples:
         role, pattern = sample if isinstance(sample, tuple) else (None, sample)
         if not any(re.fullmatch(pattern, name) and role in (None, r) for r, name in named):
             faults.append("no %s named %r" % (role or "object", pattern))
     for sample_name, sample_description in case.descriptions:
         if not any(re.fullmatch(sample_name, name) and re.fullmatch(sample_description, text)
-                   for window in windows for (_, name, text, _) in window):
+                   for window in windows for (_, name, text, *_) in window):
             faults.append("no object %r described as %r" % (sample_name, sample_description))
+    for list_name, entry in case.entries:
+        said = [e for window in windows for (role, name, _, _, e) in window
+                if role == "combo box" and name == list_name]
+        if said != [entry]:
+            faults.append("the list %r says %r, not %r" % (list_name, said, entry))
     for window in windows:
         seen = set()
-        for role, name, _, focusable in window:
+        for role, name, _, focusable, _ in window:
             if not focusable or role in ENTRY_ROLES:
                 continue
             if not name.strip():

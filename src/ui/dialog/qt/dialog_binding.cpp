@@ -134,13 +134,14 @@ const QLabel* LabelOf(const QWidget* widget, const QWidget* root) {
 
 // A drop-down list as a screen reader reads it. Qt names a list on Linux by its chosen entry;
 // here the list's name is its own (AccessibleNameOf, else its label's caption), and the chosen
-// entry is its value. Its entries are its one child, as in Qt's own.
-class AccessibleList final : public QAccessibleWidget {
+// entry is its value and its text, as a screen reader reads a list's shown entry. Its entries
+// are its one child, as in Qt's own.
+class AccessibleList final : public QAccessibleWidget, public QAccessibleTextInterface {
   public:
     explicit AccessibleList(QComboBox* list) : QAccessibleWidget(list, QAccessible::ComboBox) {}
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Value ? List()->currentText() : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Value ? Entry() : QAccessibleWidget::text(kind);
     }
     int childCount() const override { return 1; }
     QAccessibleInterface* child(int index) const override {
@@ -153,9 +154,33 @@ class AccessibleList final : public QAccessibleWidget {
     void doAction(const QString& action) override {
         if (action == showMenuAction() || action == pressAction()) List()->showPopup();
     }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    // The chosen entry as a text that cannot be selected or edited.
+    QString text(int start, int end) const override { return Entry().mid(start, end - start); }
+    int characterCount() const override { return static_cast<int>(Entry().size()); }
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override {}
+    void selection(int, int* start, int* end) const override { *start = *end = 0; }
+    int selectionCount() const override { return 0; }
+    void addSelection(int, int) override {}
+    void removeSelection(int) override {}
+    void setSelection(int, int, int) override {}
+    QRect characterRect(int) const override { return {}; }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override {}
+    QString attributes(int, int* start, int* end) const override {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
 
   private:
     QComboBox* List() const { return static_cast<QComboBox*>(widget()); }
+    QString Entry() const { return List()->currentText(); }
 };
 
 QAccessibleInterface* AccessibleListOf(const QString& className, QObject* object) {
