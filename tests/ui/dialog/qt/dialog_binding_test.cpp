@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -146,7 +147,10 @@ TEST_F(DialogBindingTest, EveryControlIsNamedForScreenReadersFromWhatItShowsNow)
     c["Op_1"].text = "One";
     c["Gb_F"].text = "R&D";
     c["Cd_Go"].text = "Go";
+    c["Cb_L"].items = {"one", "two"};
+    c["Cb_L"].chosen = 1;
     SetAccessibleName(box1_, "Second part");
+    SetAccessibleName(list_, "Entries");
     DialogBinder binder(model_, root_.get());
     const std::pair<QWidget*, const char*> named[] = {
         {box0_, "Address"},      // its label's caption, no mnemonic marker, no colon
@@ -155,6 +159,13 @@ TEST_F(DialogBindingTest, EveryControlIsNamedForScreenReadersFromWhatItShowsNow)
         {option2_, ""},  // nothing shown, nothing said
     };
     for (auto [widget, name] : named) EXPECT_EQ(widget->accessibleName(), name);
+    // A list is read by its name, its chosen entry being its value and its text.
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(list_);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text(QAccessible::Name), "Entries");
+    EXPECT_EQ(list->text(QAccessible::Value), "two");
+    ASSERT_NE(list->textInterface(), nullptr);
+    EXPECT_EQ(list->textInterface()->text(0, list->textInterface()->characterCount()), "two");
 
     // A caption shown anew (another language) renames what it names.
     c["Lbl_A"].text = "Adresse :";
