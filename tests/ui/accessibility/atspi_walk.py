@@ -1,11 +1,13 @@
 #!/usr/bin/python3
-"""Reads every window of lumacfg as a screen reader does, over AT-SPI.
+"""Reads every window of lumacfg as a screen reader does, over AT-SPI, in each language.
 
 Each case starts the built program on a fresh copy of the demo station, with the window of the
-case open (the main window, or the one a button opens) and held open for the walk; waits until
-the window's accessible tree shows the case's sample names; then fails on any control that takes
-the focus but has no name, on two controls of one role with one name in one window, on a sample
-name missing, and on a list that does not say its chosen entry as its text. Only what is shown counts: a hidden widget is reported without the
+case open (the main window, or the one a button opens) and held open for the walk. In English it
+waits until the window's accessible tree shows the case's sample names, and fails on a sample
+name missing and on a list that does not say its chosen entry as its text; in German and in
+Japanese it waits until the window shows as many controls as in English. In every language it
+fails on any control that takes the focus but has no name, and on two controls of one role with
+one name in one window. Only what is shown counts: a hidden widget is reported without the
 "showing" state, and screen readers pass over it, so the walk does too.
 
     atspi_walk.py LUMACFG LUMACFG_CLI DEMO_STATION [CASE...]
@@ -44,6 +46,9 @@ class Case:
         self.walk_tray = walk_tray  # the tray picture takes the focus and Right reaches position 2
 
 
+# Each window is read in each language (its locale); the sample names are the English ones, and
+# in another language the window must show the same controls, each named and none twice.
+LANGUAGES = {"en": "en_US.UTF-8", "de": "de_DE.UTF-8", "ja": "ja_JP.UTF-8"}
 SETUP_BUTTONS = [("push button", "Instrument type setup"), ("push button", "Autosampler setup")]
 # The entries of a list or a table are its content, not controls of the window: several may
 # read alike ("Folder"), and an empty cell has no name.
@@ -79,10 +84,13 @@ CASES = [
 ]
 
 
-def station_environment(case, lumacfg_cli, demo, work):
-    """A fresh station for the case; the program's environment for it."""
+def station_environment(case, language, lumacfg_cli, demo, work):
+    """A fresh station for the case; the program's environment for it, in the language."""
     env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1",
-               QT_QPA_PLATFORM="xcb", LUMACFG_CLI=lumacfg_cli)
+               QT_QPA_PLATFORM="xcb", LUMACFG_CLI=lumacfg_cli, LANGUAGE=language,
+               LANG=LANGUAGES[language])
+    env.pop("LC_ALL", None)
+    env.pop("LC_MESSAGES", None)
     station = tempfile.mkdtemp(dir=work)
     if case.station == "none":
         env.pop("LUMACFG_PROGRAM_DIR", None)
@@ -148,7 +156,7 @@ def read_windows(app):
     return windows
 
 
-def faults_of(case, windows):
+def sample_faults(case, windows):
     faults = []
     named = [(role, name) for window in windows for (role, name, *_) in window]
     for sample in case.samples:
@@ -164,11 +172,25 @@ def faults_of(case, windows):
                 if role == "combo box" and name == list_name]
         if said != [entry]:
             faults.append("the list %r says %r, not %r" % (list_name, said, entry))
+    return faults
+
+
+def controls(window):
+    """The window's controls: what takes the focus, the entries of lists and tables left out."""
+    return [(role, name) for role, name, _, focusable, _ in window
+            if focusable and role not in ENTRY_ROLES]
+
+
+def shape_of(windows):
+    """How many controls each window shows, whatever their names."""
+    return sorted(len(controls(window)) for window in windows)
+
+
+def naming_faults(windows):
+    faults = []
     for window in windows:
         seen = set()
-        for role, name, _, focusable, _ in window:
-            if not focusable or role in ENTRY_ROLES:
-                continue
+        for role, name in controls(window):
             if not name.strip():
                 faults.append("a %s takes the focus but has no name" % role)
             elif (role, name) in seen:
@@ -195,9 +217,11 @@ def tray_walk_faults(app, deadline):
     return ["the tray picture did not move to position 2 by the keyboard: %r" % picture.name]
 
 
-def read_case(case, lumacfg, lumacfg_cli, demo, work):
-    """The faults of the case's window ([] when none)."""
-    env = station_environment(case, lumacfg_cli, demo, work)
+def read_case(case, language, shape, lumacfg, lumacfg_cli, demo, work):
+    """The faults of the case's window in the language ([] when none) and its shape. In English
+    the window is read once its samples are there; in another language, once it shows as many
+    controls as in English (`shape`)."""
+    env = station_environment(case, language, lumacfg_cli, demo, work)
     command = [lumacfg, "--screenshot", os.path.join(work, "window.png"), "--hold", HOLD_S]
     if case.click:
         command += ["--click", case.click]
@@ -214,13 +238,18 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
             try:
                 app = application_of(program.pid)
                 windows = read_windows(app) if app is not None else []
-                if windows:
-                    faults = faults_of(case, windows)
-                    missing = any(f.startswith("no ") for f in faults)
-                    if not missing:
+                if windows and shape is None:
+                    faults = sample_faults(case, windows)
+                    if not any(f.startswith("no ") for f in faults):
+                        faults += naming_faults(windows)
                         if case.walk_tray and not faults:
                             faults = tray_walk_faults(app, deadline)
-                        return faults
+                        return faults, shape_of(windows)
+                elif windows:
+                    if shape_of(windows) == shape:
+                        return naming_faults(windows), shape
+                    faults = ["it shows %s controls per window, in English %s"
+                              % (shape_of(windows), shape)]
             except Exception as error:  # an object went away while read: read again
                 faults = ["the tree could not be read: %s" % error]
             time.sleep(POLL_S)
@@ -228,7 +257,7 @@ def read_case(case, lumacfg, lumacfg_cli, demo, work):
             errors.seek(0)
             faults.append("the program ended early (%d): %s"
                           % (program.returncode, errors.read().decode(errors="replace")))
-        return faults
+        return faults, None
     finally:
         stop(program)
         errors.close()
@@ -261,11 +290,15 @@ def main(arguments):
         for case in CASES:
             if chosen and case.name not in chosen:
                 continue
-            faults = read_case(case, lumacfg, lumacfg_cli, demo, work)
-            print("%s: %s" % (case.name, "ok" if not faults else "FAILED"))
-            for fault in faults:
-                print("    " + fault)
-            failed += bool(faults)
+            shape = None  # the English window's, which the other languages must match
+            for language in LANGUAGES:
+                faults, shape = read_case(case, language, shape, lumacfg, lumacfg_cli, demo, work)
+                print("%s (%s): %s" % (case.name, language, "ok" if not faults else "FAILED"))
+                for fault in faults:
+                    print("    " + fault)
+                failed += bool(faults)
+                if shape is None:
+                    break  # without the English window there is nothing to compare with
     return 1 if failed else 0
 
 
