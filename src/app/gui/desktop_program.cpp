@@ -47,13 +47,18 @@ bool ParseOptions(const QStringList& arguments, DesktopOptions& options) {
             options.screenshot = QFileInfo(arguments[++i]).absoluteFilePath();
         } else if (argument == QLatin1String("--click") && i + 1 < arguments.size()) {
             options.click = arguments[++i];
+        } else if (argument == QLatin1String("--hold") && i + 1 < arguments.size()) {
+            bool number = false;
+            const int seconds = arguments[++i].toInt(&number);
+            if (!number || seconds < 0 || seconds > 3600) return false;
+            options.holdMs = seconds * 1000;
         } else if (argument == QLatin1String("--quit-after-shown")) {
             options.quitAfterShown = true;
         } else {
             return false;
         }
     }
-    return options.click.isEmpty() || !options.screenshot.isEmpty();
+    return (options.click.isEmpty() && options.holdMs == 0) || !options.screenshot.isEmpty();
 }
 
 namespace {
@@ -62,8 +67,9 @@ namespace {
 // (placed and laid out at its final size; a dialog that runs its own loop or one opened over
 // the main window), saves a picture of it in `file`, then closes it and the main window. A
 // control path "Cd_AutoSet/btnConfigTray" clicks on in each window opened, and pictures the
-// last. A click that opens nothing within five seconds saves nothing.
-void PictureOfClick(ui::MainWindow& window, const QString& control, const QString& file,
+// last, once it has been open `holdMs`. A click that opens nothing within five seconds saves
+// nothing.
+void PictureOfClick(ui::MainWindow& window, const QString& control, const QString& file, int holdMs,
                     bool& saved) {
     constexpr int kPollMs = 50;
     constexpr int kPatienceMs = 5000;
@@ -74,7 +80,7 @@ void PictureOfClick(ui::MainWindow& window, const QString& control, const QStrin
     poll->setInterval(kPollMs);
     QObject::connect(
         poll, &QTimer::timeout, &window,
-        [&window, &saved, file, poll, further, waited = 0, awaiting = false,
+        [&window, &saved, file, poll, further, holdMs, waited = 0, held = 0, awaiting = false,
          shown = QPointer<QWidget>()]() mutable {
             QWidget* opened = QApplication::activeModalWidget();
             const bool open = opened != nullptr && opened != &window && opened->isVisible();
@@ -90,6 +96,7 @@ void PictureOfClick(ui::MainWindow& window, const QString& control, const QStrin
                 return;
             }
             if ((!open || awaiting) && (waited += kPollMs) < kPatienceMs) return;
+            if (open && !awaiting && (held += kPollMs) < holdMs) return;
             poll->stop();
             if (open && !awaiting) saved = opened->grab().save(file, "PNG");
             // A window opened from another is closed with it; one that stays open ends the loop.
@@ -144,15 +151,17 @@ int RunDesktop(const DesktopOptions& options, const WhenShown& whenShown) {
     // Runs once the events of showing the window are handled: the window is laid out.
     QTimer::singleShot(0, &window, [&] {
         if (!options.click.isEmpty()) {
-            PictureOfClick(window, options.click, options.screenshot, screenshotSaved);
+            PictureOfClick(window, options.click, options.screenshot, options.holdMs,
+                           screenshotSaved);
             return;  // the main window is closed once the picture is taken
         }
         if (!options.screenshot.isEmpty()) {
-            screenshotSaved = window.grab().save(options.screenshot, "PNG");
+            QTimer::singleShot(options.holdMs, &window, [&] {
+                screenshotSaved = window.grab().save(options.screenshot, "PNG");
+                window.close();
+            });
         } else if (options.quitAfterShown) {
             window.repaint();
-        }
-        if (!options.screenshot.isEmpty() || options.quitAfterShown) {
             window.close();
         } else if (whenShown) {
             whenShown(window);

@@ -27,7 +27,8 @@ inline constexpr int kExitStartUpRefused = 3;  // another copy runs, or the data
 inline constexpr int kExitFileFailed = 4;      // a file could not be read or written
 
 inline constexpr const char* kUsage =
-    "usage: lumacfg [--screenshot FILE.png [--click CONTROL]] [--quit-after-shown]\n"
+    "usage: lumacfg [--screenshot FILE.png [--click CONTROL] [--hold SECONDS]]\n"
+    "               [--quit-after-shown]\n"
     "       lumacfg --help | --version\n";
 
 struct DesktopOptions {
@@ -37,6 +38,9 @@ struct DesktopOptions {
     // With a screenshot: the button of the main window clicked first; the picture is then of
     // the modal window it opens ("Cd_Misc", "Cd_Browse", "Cd_Tlbar", "Cd_AutoSet").
     QString click;
+    // With a screenshot: how long the window (or the one the click opened) stays open before
+    // its picture is taken, in milliseconds (a screen reader's test reads it meanwhile).
+    int holdMs = 0;
     // The window is closed, as by its frame, once it is shown and painted.
     bool quitAfterShown = false;
     // Only a start with an empty command line is interactive (it logs on).

@@ -17,7 +17,7 @@ std::optional<int> ChooseStationIfNoneNamed(const DesktopOptions& options) {
     ui::FirstStartWindow window(dialog);
     bool pictureSaved = true;
     if (!options.screenshot.isEmpty()) {
-        QTimer::singleShot(0, &window, [&] {
+        QTimer::singleShot(options.holdMs, &window, [&] {
             pictureSaved = window.grab().save(options.screenshot, "PNG");
             window.done(QDialog::Rejected);
         });

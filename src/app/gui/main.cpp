@@ -1,13 +1,14 @@
 // lumacfg: the desktop program (desktop_program.h says what a run does).
 //
-//   lumacfg [--screenshot FILE.png [--click CONTROL]] [--quit-after-shown]
+//   lumacfg [--screenshot FILE.png [--click CONTROL] [--hold SECONDS]] [--quit-after-shown]
 //   lumacfg --help | --version
 //
 // --screenshot saves a picture of the window once it is laid out, then closes the window as
 // its frame would (nothing of the editing is saved); with --click the window's button CONTROL
 // is clicked first and the picture is of the modal window it opens (a path such as
 // "Cd_AutoSet/btnConfigTray" clicks each further button in the window the one before opened).
-// --quit-after-shown closes
+// --hold keeps the window pictured open SECONDS seconds first (the accessibility test reads it
+// meanwhile). --quit-after-shown closes
 // the window so once it is shown. Either option makes the command line non-empty: the start is
 // not interactive and does not log on. Exit status: 0 done; 1 the screenshot could not be saved; 2
 // usage error; 3 start-up refused (another copy, or the data system, runs); 4 a file could not be

@@ -1,11 +1,14 @@
 #include "ui/autosampler/qt/tray_picture.h"
 
+#include <QCoreApplication>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/dialog_binding.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -63,10 +66,36 @@ QString Shown(std::string text) {
     return FromAnsi(text);
 }
 
+// What a position holds and the model's verdict on it, as it is said and written.
+QString PositionText(const TrayPlan& plan, std::size_t index) {
+    const TrayPosition& position = plan.positions[index];
+    const QString rack = position.rackName.empty()
+                             ? QCoreApplication::translate("lumacfg", "no rack")
+                             : FromAnsi(position.rackName);
+    QString text = QCoreApplication::translate("lumacfg", "Position %1 of %2: %3")
+                       .arg(index + 1)
+                       .arg(plan.positions.size())
+                       .arg(rack);
+    if (!position.reason.empty()) {
+        text += QCoreApplication::translate("lumacfg", ", does not fit: %1")
+                    .arg(Shown(position.reason));
+    }
+    return text;
+}
+
+QString TrayText(const TrayPlan& plan) {
+    QStringList parts{
+        QCoreApplication::translate("lumacfg", "Tray %1").arg(FromAnsi(plan.trayName))};
+    for (std::size_t i = 0; i < plan.positions.size(); ++i) parts << PositionText(plan, i);
+    return parts.join(u'\n');
+}
+
 }  // namespace
 
 TrayPicture::TrayPicture(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setFocusPolicy(Qt::StrongFocus);
+    Describe();
 }
 
 QSize TrayPicture::sizeHint() const {
@@ -79,6 +108,60 @@ QSize TrayPicture::minimumSizeHint() const {
 
 void TrayPicture::Show(TrayPlan plan) {
     plan_ = std::move(plan);
+    current_ = std::min(current_, plan_.positions.empty() ? 0 : plan_.positions.size() - 1);
+    Describe();
+    update();
+}
+
+void TrayPicture::MoveTo(std::size_t position) {
+    if (position >= plan_.positions.size() || position == current_) return;
+    current_ = position;
+    Describe();
+    update();
+}
+
+void TrayPicture::Describe() {
+    // Setting the name and the description tells a screen reader that they changed.
+    const QString position = plan_.positions.empty() ? QString() : PositionText(plan_, current_);
+    SetAccessibleName(
+        this, position.isEmpty()
+                  ? QCoreApplication::translate("lumacfg", "Tray picture")
+                  : QCoreApplication::translate("lumacfg", "Tray picture, %1").arg(position));
+    setAccessibleDescription(TrayText(plan_));
+    setToolTip(position);
+}
+
+void TrayPicture::keyPressEvent(QKeyEvent* event) {
+    const std::size_t last = plan_.positions.empty() ? 0 : plan_.positions.size() - 1;
+    switch (event->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+            MoveTo(current_ > 0 ? current_ - 1 : 0);
+            break;
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+            MoveTo(current_ + 1);
+            break;
+        case Qt::Key_Home:
+            MoveTo(0);
+            break;
+        case Qt::Key_End:
+            MoveTo(last);
+            break;
+        default:
+            QWidget::keyPressEvent(event);
+            return;
+    }
+    event->accept();
+}
+
+void TrayPicture::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void TrayPicture::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
     update();
 }
 
@@ -92,6 +175,15 @@ void TrayPicture::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(room.adjusted(0, 0, 0, -room.height() + line), Qt::AlignLeft,
                      FromAnsi(plan_.trayName));
+    room.setTop(room.top() + line + 4);
+    // The position with the focus, written out; its line is kept while the focus is elsewhere,
+    // so the tray does not move as the focus comes and goes.
+    if (hasFocus() && !plan_.positions.empty()) {
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(room.adjusted(0, 0, 0, -room.height() + line), Qt::AlignLeft,
+                         metrics.elidedText(PositionText(plan_, current_), Qt::ElideRight,
+                                            static_cast<int>(room.width())));
+    }
     room.setTop(room.top() + line + 4);
 
     // The reasons of the refused positions, under the tray.
@@ -186,6 +278,12 @@ void TrayPicture::paintEvent(QPaintEvent*) {
         painter.setPen(ink);
         painter.drawText(QRectF(text.topLeft(), QSizeF(p.place.width(), label.pointSizeF() * 2)),
                          Qt::AlignHCenter | Qt::AlignBottom, caption);
+    }
+    if (hasFocus() && current_ < layout.size()) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 3 / scale));
+        painter.setBrush(Qt::NoBrush);
+        const Position& focused = layout[current_];
+        painter.drawRect(focused.place.united(focused.rack));
     }
 }
 

@@ -4,6 +4,11 @@
 // plan (Asx500Dialog::Plan), the verdicts OK itself reads; it decides nothing of its own.
 // A standard tray has no geometry in custrack.ini: its positions are drawn side by side, each
 // with the number of its rack.
+//
+// For a screen reader and the keyboard: the picture takes the focus, the arrow keys (and Home,
+// End) move between the positions, and the position with the focus is framed, written under
+// the tray's name and said: the accessible name is the position's rack and verdict, the
+// accessible description the whole tray, position by position, each misfit with its reason.
 #pragma once
 
 #include <QWidget>
@@ -20,15 +25,24 @@ class TrayPicture final : public QWidget {
 
     void Show(TrayPlan plan);
     const TrayPlan& Plan() const { return plan_; }
+    // The position with the keyboard's focus, counted from 0.
+    std::size_t CurrentPosition() const { return current_; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    void MoveTo(std::size_t position);
+    void Describe();
+
     TrayPlan plan_;
+    std::size_t current_ = 0;
 };
 
 }  // namespace lumacfg::ui

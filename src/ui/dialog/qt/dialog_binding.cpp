@@ -1,6 +1,9 @@
 #include "ui/dialog/qt/dialog_binding.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -24,6 +27,7 @@ namespace {
 constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
 constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
 constexpr const char* kOwnMnemonicProperty = "lumacfgOwnMnemonic";
+constexpr const char* kAccessibleNameProperty = "lumacfgAccessibleName";
 
 std::string ControlName(const QObject* object) {
     return object->objectName().toStdString();
@@ -107,6 +111,94 @@ void ShowOne(QWidget* widget, const ControlState& state) {
     widget->setVisible(state.visible && !widget->property(kHiddenProperty).toBool());
 }
 
+// A caption as a screen reader says it: "&&" is "&", a single "&" marks the mnemonic and is
+// dropped, and a label's closing colon goes.
+QString Spoken(const QString& caption) {
+    QString spoken;
+    spoken.reserve(caption.size());
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        if (caption[i] == QLatin1Char('&') && i + 1 < caption.size()) ++i;
+        spoken.append(caption[i]);
+    }
+    spoken = spoken.trimmed();
+    if (spoken.endsWith(QLatin1Char(':'))) spoken.chop(1);
+    return spoken.trimmed();
+}
+
+const QLabel* LabelOf(const QWidget* widget, const QWidget* root) {
+    for (const QLabel* label : root->findChildren<QLabel*>()) {
+        if (label->buddy() == widget) return label;
+    }
+    return nullptr;
+}
+
+// A drop-down list as a screen reader reads it. Qt names a list on Linux by its chosen entry;
+// here the list's name is its own (AccessibleNameOf, else its label's caption), and the chosen
+// entry is its value and its text, as a screen reader reads a list's shown entry. Its entries
+// are its one child, as in Qt's own.
+class AccessibleList final : public QAccessibleWidget, public QAccessibleTextInterface {
+  public:
+    explicit AccessibleList(QComboBox* list) : QAccessibleWidget(list, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? Entry() : QAccessibleWidget::text(kind);
+    }
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(List()->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child != nullptr && child->object() == List()->view() ? 0 : -1;
+    }
+    QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    void doAction(const QString& action) override {
+        if (action == showMenuAction() || action == pressAction()) List()->showPopup();
+    }
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    // The chosen entry as a text that cannot be selected or edited.
+    QString text(int start, int end) const override { return Entry().mid(start, end - start); }
+    int characterCount() const override { return static_cast<int>(Entry().size()); }
+    int cursorPosition() const override { return 0; }
+    void setCursorPosition(int) override {}
+    void selection(int, int* start, int* end) const override { *start = *end = 0; }
+    int selectionCount() const override { return 0; }
+    void addSelection(int, int) override {}
+    void removeSelection(int) override {}
+    void setSelection(int, int, int) override {}
+    QRect characterRect(int) const override { return {}; }
+    int offsetAtPoint(const QPoint&) const override { return -1; }
+    void scrollToSubstring(int, int) override {}
+    QString attributes(int, int* start, int* end) const override {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
+
+  private:
+    QComboBox* List() const { return static_cast<QComboBox*>(widget()); }
+    QString Entry() const { return List()->currentText(); }
+};
+
+QAccessibleInterface* AccessibleListOf(const QString& className, QObject* object) {
+    auto* list = qobject_cast<QComboBox*>(object);
+    if (list == nullptr || className != QLatin1String("QComboBox")) return nullptr;
+    return new AccessibleList(list);
+}
+
+// Installed before a list is first asked for its interface, which a list's change of entries
+// does: before ShowState fills the first list.
+void NameListsByTheirOwnNames() {
+    static const bool installed = [] {
+        QAccessible::installFactory(&AccessibleListOf);
+        return true;
+    }();
+    (void)installed;
+}
+
 // The key as the model takes it; none for a key the model has no say in (Tab, Enter, a key
 // with Ctrl or Alt).
 std::optional<KeyPress> Translate(const QKeyEvent& key) {
@@ -168,6 +260,7 @@ QString CaptionWithMnemonic(const QString& caption, QChar letter) {
 }
 
 void ShowState(const Controls& controls, QWidget* root) {
+    NameListsByTheirOwnNames();
     const QHash<QString, QWidget*> widgets = NamedWidgets(root);
     for (const auto& [name, state] : controls) {
         const QString control = QString::fromStdString(name);
@@ -180,6 +273,30 @@ void ShowState(const Controls& controls, QWidget* root) {
         const QSignalBlocker blocker(widget);
         ShowOne(widget, state);
     }
+    NameForScreenReaders(root);
+}
+
+void NameForScreenReaders(QWidget* root) {
+    NameListsByTheirOwnNames();
+    for (QWidget* widget : NamedWidgets(root)) {
+        const QString name = AccessibleNameOf(widget, root);
+        if (widget->accessibleName() != name) widget->setAccessibleName(name);
+    }
+}
+
+QString AccessibleNameOf(const QWidget* widget, const QWidget* root) {
+    const QVariant given = widget->property(kAccessibleNameProperty);
+    if (given.isValid()) return given.toString();
+    if (const QLabel* label = LabelOf(widget, root)) return Spoken(label->text());
+    if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) return Spoken(frame->title());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return Spoken(button->text());
+    return {};
+}
+
+void SetAccessibleName(QWidget* widget, const QString& name) {
+    widget->setProperty(kAccessibleNameProperty, name);
+    widget->setAccessibleName(name);
 }
 
 void SetMnemonic(QWidget* widget, QChar letter) {

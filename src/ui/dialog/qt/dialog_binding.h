@@ -28,8 +28,23 @@ namespace lumacfg::ui {
 // Copies every control's state to the widget of that name under `root` (controls without a
 // widget are left out), with the widgets' signals blocked: a box's text, a label's, button's,
 // check box's or frame's caption, a check box's or option button's check, a list's (drop-down or
-// list box) entries and chosen entry, and whether each control is enabled and visible.
+// list box) entries and chosen entry, and whether each control is enabled and visible. Then
+// names every named widget for screen readers from what it now shows (NameForScreenReaders).
 void ShowState(const Controls& controls, QWidget* root);
+
+// Gives every named widget under `root` its accessible name (AccessibleNameOf); a view calls it
+// itself only after it moved a label's buddy.
+void NameForScreenReaders(QWidget* root);
+
+// The name a screen reader says for a widget under `root`, taken from what the window shows,
+// without the "&" that marks a mnemonic and without a closing colon: the name the view set
+// (SetAccessibleName) if any; else the caption of the label whose buddy the widget is; else a
+// button's, check box's, option button's or frame's own caption; else none (an empty string).
+QString AccessibleNameOf(const QWidget* widget, const QWidget* root);
+
+// A name the view gives a control whose caption is absent or shared with another control of
+// its kind (an octet box, a "Setup..." button); ShowState uses it instead of the caption.
+void SetAccessibleName(QWidget* widget, const QString& name);
 
 // The view's presentation of a caption: the letter that ShowState marks as the control's
 // mnemonic (its first occurrence in the caption, in either case; a caption without the letter

@@ -1,9 +1,12 @@
 #include "ui/file/qt/qt_file_chooser.h"
 
+#include <QComboBox>
 #include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <memory>
+#include <utility>
 
 #include "ui/dialog/qt/ansi_text.h"
 
@@ -25,6 +28,17 @@ class PlaceWhenActivated final : public QObject {
     }
 };
 
+// Qt's dialog leaves its two lists without a buddy; with it, a screen reader names each list by
+// its label ("Look in:", "Files of type:") instead of by its chosen entry, as in every window.
+void NameListsByTheirLabels(QFileDialog& dialog) {
+    for (auto [label, list] :
+         {std::pair{"lookInLabel", "lookInCombo"}, std::pair{"fileTypeLabel", "fileTypeCombo"}}) {
+        auto* caption = dialog.findChild<QLabel*>(QLatin1String(label));
+        auto* entries = dialog.findChild<QComboBox*>(QLatin1String(list));
+        if (caption != nullptr && entries != nullptr) caption->setBuddy(entries);
+    }
+}
+
 QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
     auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
     dialog->setObjectName(QStringLiteral("frmFile"));
@@ -41,6 +55,7 @@ QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest&
     dialog->setNameFilter(FromAnsi(request.pattern));
     if (!request.fileName.empty()) dialog->selectFile(FromAnsi(request.fileName));
     dialog->installEventFilter(new PlaceWhenActivated(dialog));
+    NameListsByTheirLabels(*dialog);
     return dialog;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QGridLayout>
@@ -114,7 +115,11 @@ QGroupBox* MainWindow::BuildConnection() {
     boxes->addWidget(address);
     for (int i = 0; i < kOctets; ++i) {
         if (i > 0) boxes->addWidget(Make<QLabel>(frame, Indexed("Ed_IPDot", i - 1), {}));
-        boxes->addWidget(Make<NarrowBox>(frame, Indexed("Ed_IP", i), {}, 3));
+        auto* octet = Make<NarrowBox>(frame, Indexed("Ed_IP", i), {}, 3);
+        SetAccessibleName(octet, QCoreApplication::translate("lumacfg", "IP address, part %1 of %2")
+                                     .arg(i + 1)
+                                     .arg(kOctets));
+        boxes->addWidget(octet);
     }
     boxes->addStretch(1);
     auto* grid = new QGridLayout(frame);
@@ -146,9 +151,15 @@ QGroupBox* MainWindow::BuildIntroduction() {
                        mnemonic);
     };
     addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type");
-    grid->addWidget(Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('p')), 0, 2);
+    // Both buttons show "Setup...": each is named by what it sets up.
+    auto* typeSetup = Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('p'));
+    SetAccessibleName(typeSetup, QCoreApplication::translate("lumacfg", "Instrument type setup"));
+    grid->addWidget(typeSetup, 0, 2);
     addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto");
-    grid->addWidget(Make<QPushButton>(frame, "Cd_AutoSet", QLatin1Char('u')), 1, 2);
+    auto* autosamplerSetup = Make<QPushButton>(frame, "Cd_AutoSet", QLatin1Char('u'));
+    SetAccessibleName(autosamplerSetup,
+                      QCoreApplication::translate("lumacfg", "Autosampler setup"));
+    grid->addWidget(autosamplerSetup, 1, 2);
     grid->addWidget(addList(2, "Lbl_MPMApp", QLatin1Char('O'), "Cb_MPMApp"), 2, 1, 1, 2);
     grid->addWidget(Make<QCheckBox>(frame, "Ck_CtrlLCGC", QLatin1Char('G')), 3, 0, 1, 3);
     auto* instrument = new QHBoxLayout;
@@ -175,6 +186,8 @@ QGroupBox* MainWindow::BuildInhibit() {
     for (int i = 0; i < kInhibitBoxes; ++i) {
         auto* box = Make<NarrowBox>(frame, Indexed("Ed_Inhibit", i), {}, 4);
         box->setAlignment(Qt::AlignRight);
+        SetAccessibleName(box,
+                          QCoreApplication::translate("lumacfg", "Prohibited mass %1").arg(i + 1));
         grid->addWidget(box, i / kInhibitColumns, i % kInhibitColumns);
     }
     grid->setColumnStretch(kInhibitColumns, 1);
@@ -245,7 +258,9 @@ void MainWindow::FollowAddressBox() {
     QWidget* address = binder_ == nullptr ? nullptr : binder_->Widget(QStringLiteral("Ed_Address"));
     if (label == nullptr || address == nullptr) return;
     QWidget* target = address->isHidden() ? binder_->Widget(Indexed("Ed_IP", 0)) : address;
-    if (label->buddy() != target) label->setBuddy(target);
+    if (label->buddy() == target) return;
+    label->setBuddy(target);
+    NameForScreenReaders(this);
 }
 
 }  // namespace lumacfg::ui

@@ -1,6 +1,7 @@
 #include "ui/main/qt/wait_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTimer>
@@ -21,6 +22,7 @@ WaitWindow::WaitWindow(WaitDialog& model, QWidget* parent) : QDialog(parent), mo
     auto* busy = new QProgressBar(this);
     busy->setRange(0, 0);
     busy->setTextVisible(false);
+    busy->setAccessibleName(QCoreApplication::translate("lumacfg", "Waiting"));
     auto* column = new QVBoxLayout(this);
     column->addWidget(label);
     column->addWidget(busy);

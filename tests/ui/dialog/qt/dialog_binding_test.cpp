@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -138,6 +139,41 @@ TEST_F(DialogBindingTest, ShowStateCopiesEveryKindOfControlWithoutReportingItBac
     EXPECT_FALSE(go_->isVisible());
     EXPECT_EQ(edits.count(), 0);
     EXPECT_TRUE(model_.calls.empty());
+}
+
+TEST_F(DialogBindingTest, EveryControlIsNamedForScreenReadersFromWhatItShowsNow) {
+    Controls& c = model_.controls;
+    c["Lbl_A"].text = "Address:";
+    c["Op_1"].text = "One";
+    c["Gb_F"].text = "R&D";
+    c["Cd_Go"].text = "Go";
+    c["Cb_L"].items = {"one", "two"};
+    c["Cb_L"].chosen = 1;
+    SetAccessibleName(box1_, "Second part");
+    SetAccessibleName(list_, "Entries");
+    DialogBinder binder(model_, root_.get());
+    const std::pair<QWidget*, const char*> named[] = {
+        {box0_, "Address"},      // its label's caption, no mnemonic marker, no colon
+        {box1_, "Second part"},  // the view's own name
+        {check_, "Extra"},      {option1_, "One"}, {frame_, "R&D"}, {go_, "Go"},
+        {option2_, ""},  // nothing shown, nothing said
+    };
+    for (auto [widget, name] : named) EXPECT_EQ(widget->accessibleName(), name);
+    // A list is read by its name, its chosen entry being its value and its text.
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(list_);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->text(QAccessible::Name), "Entries");
+    EXPECT_EQ(list->text(QAccessible::Value), "two");
+    ASSERT_NE(list->textInterface(), nullptr);
+    EXPECT_EQ(list->textInterface()->text(0, list->textInterface()->characterCount()), "two");
+
+    // A caption shown anew (another language) renames what it names.
+    c["Lbl_A"].text = "Adresse :";
+    c["Ck_X"].text = "Zus\xE4tzlich";
+    binder.Refresh();
+    EXPECT_EQ(box0_->accessibleName(), QString::fromUtf8("Adresse"));
+    EXPECT_EQ(check_->accessibleName(), QString::fromUtf8("Zusätzlich"));
+    EXPECT_EQ(box1_->accessibleName(), "Second part");
 }
 
 TEST_F(DialogBindingTest, UserActionsReachTheModelABoxIsLeftBeforeAClick) {
