@@ -150,9 +150,9 @@ QGroupBox* MainWindow::BuildIntroduction() {
         return ListRow(grid, row, frame, QLatin1String(labelName), QLatin1String(listName),
                        mnemonic);
     };
-    addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type");
+    ShowEntriesAsCaptions(addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type"));
     grid->addWidget(Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('e')), 0, 2);
-    addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto");
+    ShowEntriesAsCaptions(addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto"));
     grid->addWidget(Make<QPushButton>(frame, "Cd_AutoSet", QLatin1Char('u')), 1, 2);
     grid->addWidget(addList(2, "Lbl_MPMApp", QLatin1Char('O'), "Cb_MPMApp"), 2, 1, 1, 2);
     grid->addWidget(Make<QCheckBox>(frame, "Ck_CtrlLCGC", QLatin1Char('G')), 3, 0, 1, 3);
