@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Brings the source texts of the catalogues translations/lumacfg_<language>.ts up to date.
 
-    scripts/update-translations.py
+    scripts/update-translations.py           updates the catalogues
+    scripts/update-translations.py --check   changes nothing; fails when a catalogue lacks a
+                                             source text, holds one no longer used, or has an
+                                             unfinished translation (a test runs this)
 
 The windows show English texts from four places, and every one of them is a source text:
   - the views' own texts, QCoreApplication::translate("lumacfg", ...) and the message templates
@@ -133,19 +136,29 @@ def write_catalogue(path, language, sources, translations):
 
 
 def main():
+    check = sys.argv[1:] == ["--check"]
+    if sys.argv[1:] and not check:
+        print(__doc__, file=sys.stderr)
+        return 2
     generated = view_texts() + resource_texts() + MODEL_TEXTS
+    stale = False
     for short, language in LANGUAGES.items():
         path = ROOT / "translations" / f"lumacfg_{short}.ts"
         translations = existing_translations(path)
         marked = [s for s in translations if "&" in s and s not in generated]
         sources = list(dict.fromkeys(generated + marked))
         dropped = sorted(set(translations) - set(sources))
-        write_catalogue(path, language, sources, translations)
-        unfinished = sum(1 for s in sources if not translations.get(s, ("", False))[1])
-        print(f"{path.relative_to(ROOT)}: {len(sources)} texts, {unfinished} unfinished, "
+        unfinished = [s for s in sources if not translations.get(s, ("", False))[1]]
+        print(f"{path.relative_to(ROOT)}: {len(sources)} texts, {len(unfinished)} unfinished, "
               f"{len(dropped)} dropped")
         for source in dropped:
             print(f"  dropped: {source!r}")
+        for source in unfinished:
+            print(f"  unfinished: {source!r}")
+        stale = stale or bool(dropped or unfinished)
+        if not check:
+            write_catalogue(path, language, sources, translations)
+    return 1 if check and stale else 0
 
 
 if __name__ == "__main__":

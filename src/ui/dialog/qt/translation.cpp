@@ -10,8 +10,6 @@
 #include <optional>
 #include <vector>
 
-#include "resources/string_table.h"
-#include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
 
 namespace lumacfg::ui {
@@ -34,10 +32,12 @@ constexpr std::array kMessageTemplates = {
     QT_TRANSLATE_NOOP("lumacfg", "%1: too wide: %2 across, RACK_X_DIST %3"),
     QT_TRANSLATE_NOOP("lumacfg", "%1: too long: %2 deep, RACK_Y_DIST %3"),
     QT_TRANSLATE_NOOP("lumacfg", "Rack ID &%1:"),
+    // The first start's message of the string table, completed with the missing path.
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "No station of the data system was found (%1); choose the folder the data "
+                      "system is installed in, the one that holds LUMAEXE or where LUMAEXE may be "
+                      "made."),
 };
-
-// String table texts that the core completes with a part ("%1" replaced by a path).
-constexpr std::array kTemplateResources = {900};
 
 struct MessageTemplate {
     QString source;
@@ -57,8 +57,6 @@ const std::vector<MessageTemplate>& MessageTemplates() {
         std::vector<MessageTemplate> all;
         for (const char* source : kMessageTemplates)
             all.push_back(TemplateOf(QString::fromUtf8(source)));
-        for (const int id : kTemplateResources)
-            all.push_back(TemplateOf(FromAnsi(LoadResString(id))));
         return all;
     }();
     return templates;

@@ -14,6 +14,7 @@
 #include <iostream>
 
 #include "platform/file_failures.h"
+#include "resources/string_table.h"
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
 #include "ui/dialog/qt/translation.h"
@@ -130,6 +131,12 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
          {},
          "ユーザー名またはパスワードが正しくありません（None）。残りの試行回数: 2。"},
         {"de", "Rack ID &3:", {}, "Rack-ID &3:"},
+        {"de",
+         FromAnsi(LoadResString(900)).replace("%1", "registry.reg: missing"),
+         {},
+         "Es wurde keine Station des Datensystems gefunden (registry.reg: missing); wählen Sie "
+         "den Ordner, in dem das Datensystem installiert ist, also den Ordner, der LUMAEXE "
+         "enthält oder in dem LUMAEXE angelegt werden darf."},
         {"ja",
          "On the custom trays:\nTwo racks: fits\nDeep: too long: 1800 deep, RACK_Y_DIST 1200",
          {},
@@ -157,10 +164,10 @@ TEST_F(TranslationTest, AListOfValuesIsShownAsItStandsAListOfCaptionsTranslated)
     auto* captions = new QComboBox(&root);
     captions->setObjectName("Cb_Captions");
     ShowEntriesAsCaptions(captions);
-    const std::vector<std::string> entries{"None", "Peristaltic Pump"};
-    ShowState({{"Cb_Values", {.items = entries, .chosen = 1}},
-               {"Cb_Captions", {.items = entries, .chosen = 1}}},
-              &root);
+    ControlState list;
+    list.items = {"None", "Peristaltic Pump"};
+    list.chosen = 1;
+    ShowState({{"Cb_Values", list}, {"Cb_Captions", list}}, &root);
     EXPECT_EQ(values->itemText(0), "None");
     EXPECT_EQ(values->currentText(), "Peristaltic Pump");
     EXPECT_EQ(captions->itemText(0), "Keine");
@@ -216,7 +223,7 @@ int Markers(const QString& text) {
 TEST(CatalogueTest, EveryTextIsTranslatedWithItsPlaceholdersAndOneMnemonic) {
     QStringList sources[2];
     int language = 0;
-    for (const QString code : {QStringLiteral("de"), QStringLiteral("ja")}) {
+    for (const QString& code : {QStringLiteral("de"), QStringLiteral("ja")}) {
         const std::vector<Entry> entries = Catalogue(code);
         EXPECT_GT(entries.size(), 150u);
         for (const Entry& entry : entries) {
