@@ -17,6 +17,7 @@
 #include <optional>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/dialog_widgets.h"
 #include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
@@ -100,8 +101,14 @@ void ShowOne(QWidget* widget, const ControlState& state) {
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
         label->setTextFormat(Qt::PlainText);
         // A label marks a mnemonic only when it has a control to give the focus to.
-        label->setText(label->buddy() != nullptr ? Caption(label, state)
-                                                 : Translated(FromAnsi(state.text)));
+        // A path label shows a value (a file, a folder), never translated.
+        if (label->buddy() != nullptr) {
+            label->setText(Caption(label, state));
+        } else if (dynamic_cast<PathLabel*>(label) != nullptr) {
+            label->setText(FromAnsi(state.text));
+        } else {
+            label->setText(Translated(FromAnsi(state.text)));
+        }
     } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
         ShowList(list, state);
     } else if (auto* listBox = qobject_cast<QListWidget*>(widget)) {

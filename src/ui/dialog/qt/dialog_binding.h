@@ -30,7 +30,8 @@ namespace lumacfg::ui {
 // check box's or frame's caption, a check box's or option button's check, a list's (drop-down or
 // list box) entries and chosen entry, and whether each control is enabled and visible. Captions,
 // the window's title, and the entries of lists of captions are shown in the language of the
-// installed catalogue (translation.h); boxes' texts and lists of values as they stand.
+// installed catalogue (translation.h); boxes' texts, path labels and lists of values as they
+// stand.
 void ShowState(const Controls& controls, QWidget* root);
 
 // The view's presentation of a caption: the letter that ShowState marks as the control's

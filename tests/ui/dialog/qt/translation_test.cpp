@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QLabel>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -17,6 +18,7 @@
 #include "resources/string_table.h"
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
+#include "ui/dialog/qt/dialog_widgets.h"
 #include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
@@ -156,7 +158,7 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
     }
 }
 
-TEST_F(TranslationTest, AListOfValuesIsShownAsItStandsAListOfCaptionsTranslated) {
+TEST_F(TranslationTest, ListsAndLabelsOfValuesAreShownAsTheyStandCaptionsTranslated) {
     UseLanguage(QLocale(QLocale::German));
     QWidget root;
     auto* values = new QComboBox(&root);
@@ -164,9 +166,24 @@ TEST_F(TranslationTest, AListOfValuesIsShownAsItStandsAListOfCaptionsTranslated)
     auto* captions = new QComboBox(&root);
     captions->setObjectName("Cb_Captions");
     ShowEntriesAsCaptions(captions);
+    auto* path = new PathLabel(&root);
+    path->setObjectName("Lbl_Path");
+    auto* caption = new QLabel(&root);
+    caption->setObjectName("Lbl_Caption");
     ControlState list;
     list.items = {"None", "Peristaltic Pump"};
     list.chosen = 1;
+    ControlState text;
+    text.text = "Standard";
+    ShowState(
+        {{"Cb_Values", list}, {"Cb_Captions", list}, {"Lbl_Path", text}, {"Lbl_Caption", text}},
+        &root);
+    EXPECT_EQ(path->text(), "Standard");
+    UseLanguage(QLocale(QLocale::Japanese));
+    ShowState({{"Lbl_Path", text}, {"Lbl_Caption", text}}, &root);
+    EXPECT_EQ(path->text(), "Standard");
+    EXPECT_EQ(caption->text(), QString::fromUtf8("標準"));
+    UseLanguage(QLocale(QLocale::German));
     ShowState({{"Cb_Values", list}, {"Cb_Captions", list}}, &root);
     EXPECT_EQ(values->itemText(0), "None");
     EXPECT_EQ(values->currentText(), "Peristaltic Pump");
