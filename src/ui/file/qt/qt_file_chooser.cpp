@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -26,7 +27,9 @@ class PlaceWhenActivated final : public QObject {
 };
 
 QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
-    auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
+    // The title in the language shown; the folder and file are values.
+    auto* dialog =
+        new QFileDialog(parent, Translated(FromAnsi(request.caption)), FromAnsi(request.directory));
     dialog->setObjectName(QStringLiteral("frmFile"));
     // Qt's own dialog: the same on every desktop, and it can choose a folder by its pattern.
     dialog->setOption(QFileDialog::DontUseNativeDialog);
