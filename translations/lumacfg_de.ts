@@ -50,6 +50,22 @@
       <translation>Rack-ID &amp;%1:</translation>
     </message>
     <message>
+      <source>%1 (1 to %2 characters):</source>
+      <translation>%1 (1 bis %2 Zeichen):</translation>
+    </message>
+    <message>
+      <source>%1 (any number but %2):</source>
+      <translation>%1 (jede Zahl außer %2):</translation>
+    </message>
+    <message>
+      <source>%1 (a rack):</source>
+      <translation>%1 (ein Rack):</translation>
+    </message>
+    <message>
+      <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
+      <translation>Es wurde keine Station des Datensystems gefunden (%1); wählen Sie den Ordner, in dem das Datensystem installiert ist, also den Ordner, der LUMAEXE enthält oder in dem LUMAEXE angelegt werden darf.</translation>
+    </message>
+    <message>
       <source>OK</source>
       <translation>OK</translation>
     </message>
@@ -524,10 +540,6 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     <message>
       <source>Must specify the folder on VLT server.</source>
       <translation>Der Ordner auf dem VLT-Server muss angegeben werden.</translation>
-    </message>
-    <message>
-      <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
-      <translation>Es wurde keine Station des Datensystems gefunden (%1); wählen Sie den Ordner, in dem das Datensystem installiert ist, also den Ordner, der LUMAEXE enthält oder in dem LUMAEXE angelegt werden darf.</translation>
     </message>
     <message>
       <source>Data system folder:</source>

@@ -50,6 +50,22 @@
       <translation>ラックID &amp;%1:</translation>
     </message>
     <message>
+      <source>%1 (1 to %2 characters):</source>
+      <translation>%1（1～%2文字）:</translation>
+    </message>
+    <message>
+      <source>%1 (any number but %2):</source>
+      <translation>%1（%2以外の任意の数値）:</translation>
+    </message>
+    <message>
+      <source>%1 (a rack):</source>
+      <translation>%1（ラック）:</translation>
+    </message>
+    <message>
+      <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
+      <translation>データシステムのステーションが見つかりませんでした（%1）。データシステムのインストール先フォルダ（LUMAEXEを含むフォルダ、またはLUMAEXEを作成できるフォルダ）を選択してください。</translation>
+    </message>
+    <message>
       <source>OK</source>
       <translation>OK</translation>
     </message>
@@ -524,10 +540,6 @@ Length of the rack might be wrong.</source>
     <message>
       <source>Must specify the folder on VLT server.</source>
       <translation>VLTサーバー上のフォルダを指定してください。</translation>
-    </message>
-    <message>
-      <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
-      <translation>データシステムのステーションが見つかりませんでした（%1）。データシステムのインストール先フォルダ（LUMAEXEを含むフォルダ、またはLUMAEXEを作成できるフォルダ）を選択してください。</translation>
     </message>
     <message>
       <source>Data system folder:</source>

@@ -32,6 +32,10 @@ constexpr std::array kMessageTemplates = {
     QT_TRANSLATE_NOOP("lumacfg", "%1: too wide: %2 across, RACK_X_DIST %3"),
     QT_TRANSLATE_NOOP("lumacfg", "%1: too long: %2 deep, RACK_Y_DIST %3"),
     QT_TRANSLATE_NOOP("lumacfg", "Rack ID &%1:"),
+    // The custom entries' key labels: the key and what the loader accepts for it.
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (1 to %2 characters):"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (any number but %2):"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (a rack):"),
     // The first start's message of the string table, completed with the missing path.
     QT_TRANSLATE_NOOP("lumacfg",
                       "No station of the data system was found (%1); choose the folder the data "

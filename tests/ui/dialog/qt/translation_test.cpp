@@ -133,6 +133,7 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
          {},
          "ユーザー名またはパスワードが正しくありません（None）。残りの試行回数: 2。"},
         {"de", "Rack ID &3:", {}, "Rack-ID &3:"},
+        {"ja", "RACK_Y_DIST (any number but 32767):", {}, "RACK_Y_DIST（32767以外の任意の数値）:"},
         {"de",
          FromAnsi(LoadResString(900)).replace("%1", "registry.reg: missing"),
          {},
