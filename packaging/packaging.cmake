@@ -84,6 +84,9 @@ set(CPACK_DEBIAN_PACKAGE_HOMEPAGE ${LUMACFG_HOMEPAGE})
 # the data system's windows, so it is named here.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libx11-6, libpam-runtime, passwd")
+# The program's own catalogues (German, Japanese) are embedded in it; Qt's catalogues translate
+# its standard buttons and file dialog, and Japanese needs a font with its characters.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, fonts-noto-cjk | fonts-ipafont-gothic")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA
     ${packaging_dir}/debian/postinst ${packaging_dir}/debian/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)

@@ -9,6 +9,8 @@
 # the ASX500 dialog's Configure Tray... and Configure Rack... open: "custom-trays.png" (a default
 # rack too wide for its position) and "custom-racks.png" (a rack too long for one tray); the
 # first-start window, where no station is named ("first-start.png"); last the logon window.
+# The main window and the ASX500 dialog are drawn in German and in Japanese too
+# ("main-window-de.png", "asx500-ja.png", ...), the language chosen by LANGUAGE.
 # Runs the built programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
@@ -56,6 +58,10 @@ station 2 && picture miscellaneous.png --click Cd_Misc
 station 2 && picture file-selection.png --click Cd_Browse
 station 2 && picture wait-window.png --click Cd_Tlbar
 setup asx500.png ALS_TYPE=1
+for language in de ja; do
+    station 1 && LANGUAGE=$language picture "main-window-$language.png"
+    LANGUAGE=$language setup "asx500-$language.png" ALS_TYPE=1
+done
 # OK refuses a rack that does not fit, so the misfit is put into the file's selection instead.
 station 1
 "$cli" set ALS_TYPE=1 >/dev/null

@@ -25,11 +25,13 @@
 #include "resources/string_table.h"
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/station_font.h"
+#include "ui/dialog/qt/translation.h"
 
 int main(int argc, char** argv) {
     using namespace lumacfg;
     if (gui::PrintInformation({argv + 1, argv + argc}, std::cout)) return gui::kExitOk;
     QApplication application(argc, argv);
+    ui::UseLanguage(QLocale::system());  // the desktop's language (LANGUAGE, LC_MESSAGES, LANG)
     gui::DesktopOptions options;
     if (!gui::ParseOptions(QApplication::arguments().mid(1), options)) {
         std::cerr << gui::kUsage;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::gui {
 namespace {
@@ -66,8 +67,10 @@ MessageAnswer AnswerOf(QMessageBox::StandardButton button, MessageButtons button
 }  // namespace
 
 platform::MessageAnswer QtMessageBoxes::Show(const platform::MessageRequest& request) {
-    QMessageBox box(IconOf(request.icon), ui::FromAnsi(request.title), ui::FromAnsi(request.text),
-                    QMessageBox::NoButton, QApplication::activeWindow());
+    // The core's English title and text, in the language shown.
+    QMessageBox box(IconOf(request.icon), ui::Translated(ui::FromAnsi(request.title)),
+                    ui::Translated(ui::FromAnsi(request.text)), QMessageBox::NoButton,
+                    QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     const std::vector<QMessageBox::StandardButton> buttons = ButtonsOf(request.buttons);
     for (QMessageBox::StandardButton button : buttons) box.addButton(button);

@@ -25,8 +25,8 @@ VasWindow::VasWindow(VasDialog& model, QWidget* parent)
     : AutosamplerWindow(model, "Fm_VAS", "OK", "Cancel", parent) {
     auto* top = new QGridLayout;
     ListRow(top, 0, this, QStringLiteral("Lbl_COM"), QStringLiteral("Cb_COM"), QLatin1Char('p'));
-    ListRow(top, 1, this, QStringLiteral("Lbl_TRAYID"), QStringLiteral("Cb_TRAY"),
-            QLatin1Char('a'));
+    ShowEntriesAsCaptions(ListRow(top, 1, this, QStringLiteral("Lbl_TRAYID"),
+                                  QStringLiteral("Cb_TRAY"), QLatin1Char('a')));
     top->setColumnStretch(2, 1);
 
     auto* frame = Make<QGroupBox>(this, QStringLiteral("Frame_Depth"));

@@ -20,6 +20,8 @@
 #include <optional>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/dialog_widgets.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -28,6 +30,7 @@ constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
 constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
 constexpr const char* kOwnMnemonicProperty = "lumacfgOwnMnemonic";
 constexpr const char* kAccessibleNameProperty = "lumacfgAccessibleName";
+constexpr const char* kCaptionEntriesProperty = "lumacfgCaptionEntries";
 
 std::string ControlName(const QObject* object) {
     return object->objectName().toStdString();
@@ -48,25 +51,34 @@ QChar MnemonicOf(const QWidget* widget) {
     return letter.isValid() ? letter.toChar() : QChar();
 }
 
+// The caption in the language shown.
 QString Caption(const QWidget* widget, const ControlState& state) {
-    if (widget->property(kOwnMnemonicProperty).toBool()) return FromAnsi(state.text);
-    return CaptionWithMnemonic(FromAnsi(state.text), MnemonicOf(widget));
+    if (widget->property(kOwnMnemonicProperty).toBool()) return Translated(FromAnsi(state.text));
+    return TranslatedCaption(FromAnsi(state.text), MnemonicOf(widget));
+}
+
+// A list's entries as shown: captions in the language shown, values as they stand.
+QStringList Entries(const QWidget* list, const ControlState& state) {
+    const bool captions = list->property(kCaptionEntriesProperty).toBool();
+    QStringList entries;
+    for (const std::string& item : state.items)
+        entries << (captions ? Translated(FromAnsi(item)) : FromAnsi(item));
+    return entries;
 }
 
 void ShowList(QComboBox* list, const ControlState& state) {
-    bool same = list->count() == static_cast<int>(state.items.size());
-    for (int i = 0; same && i < list->count(); ++i)
-        same = list->itemText(i) == FromAnsi(state.items[static_cast<std::size_t>(i)]);
+    const QStringList entries = Entries(list, state);
+    bool same = list->count() == entries.size();
+    for (int i = 0; same && i < list->count(); ++i) same = list->itemText(i) == entries[i];
     if (!same) {
         list->clear();
-        for (const std::string& item : state.items) list->addItem(FromAnsi(item));
+        list->addItems(entries);
     }
     list->setCurrentIndex(state.chosen >= 0 && state.chosen < list->count() ? state.chosen : -1);
 }
 
 void ShowListBox(QListWidget* list, const ControlState& state) {
-    QStringList items;
-    for (const std::string& item : state.items) items << FromAnsi(item);
+    const QStringList items = Entries(list, state);
     bool same = list->count() == items.size();
     for (int i = 0; same && i < list->count(); ++i) same = list->item(i)->text() == items[i];
     if (!same) {
@@ -93,7 +105,14 @@ void ShowOne(QWidget* widget, const ControlState& state) {
     } else if (auto* label = qobject_cast<QLabel*>(widget)) {
         label->setTextFormat(Qt::PlainText);
         // A label marks a mnemonic only when it has a control to give the focus to.
-        label->setText(label->buddy() != nullptr ? Caption(label, state) : FromAnsi(state.text));
+        // A path label shows a value (a file, a folder), never translated.
+        if (label->buddy() != nullptr) {
+            label->setText(Caption(label, state));
+        } else if (dynamic_cast<PathLabel*>(label) != nullptr) {
+            label->setText(FromAnsi(state.text));
+        } else {
+            label->setText(Translated(FromAnsi(state.text)));
+        }
     } else if (auto* list = qobject_cast<QComboBox*>(widget)) {
         ShowList(list, state);
     } else if (auto* listBox = qobject_cast<QListWidget*>(widget)) {
@@ -265,7 +284,7 @@ void ShowState(const Controls& controls, QWidget* root) {
     for (const auto& [name, state] : controls) {
         const QString control = QString::fromStdString(name);
         if (control == root->objectName()) {
-            root->setWindowTitle(FromAnsi(state.text));
+            root->setWindowTitle(Translated(FromAnsi(state.text)));
             continue;
         }
         QWidget* widget = widgets.value(control);
@@ -305,6 +324,10 @@ void SetMnemonic(QWidget* widget, QChar letter) {
 
 void KeepCaptionMnemonic(QWidget* widget) {
     widget->setProperty(kOwnMnemonicProperty, true);
+}
+
+void ShowEntriesAsCaptions(QWidget* list) {
+    list->setProperty(kCaptionEntriesProperty, true);
 }
 
 void KeepHidden(QWidget* widget) {

@@ -28,8 +28,11 @@ namespace lumacfg::ui {
 // Copies every control's state to the widget of that name under `root` (controls without a
 // widget are left out), with the widgets' signals blocked: a box's text, a label's, button's,
 // check box's or frame's caption, a check box's or option button's check, a list's (drop-down or
-// list box) entries and chosen entry, and whether each control is enabled and visible. Then
-// names every named widget for screen readers from what it now shows (NameForScreenReaders).
+// list box) entries and chosen entry, and whether each control is enabled and visible. Captions,
+// the window's title, and the entries of lists of captions are shown in the language of the
+// installed catalogue (translation.h); boxes' texts, path labels and lists of values as they
+// stand. Then names every named widget for screen readers from what it now shows
+// (NameForScreenReaders).
 void ShowState(const Controls& controls, QWidget* root);
 
 // Gives every named widget under `root` its accessible name (AccessibleNameOf); a view calls it
@@ -54,6 +57,11 @@ void SetMnemonic(QWidget* widget, QChar letter);
 // A control whose caption marks its own mnemonic with "&" (a caption block written that way):
 // ShowState shows the caption as it stands.
 void KeepCaptionMnemonic(QWidget* widget);
+
+// A list whose entries are captions (the kinds of sample introduction), not values (names of
+// files, racks, applications): ShowState shows them in the language shown. A list's entries
+// are values unless it is marked so.
+void ShowEntriesAsCaptions(QWidget* list);
 
 // A control the dialog holds but never shows (a list that only keeps file names): ShowState
 // never makes it visible.

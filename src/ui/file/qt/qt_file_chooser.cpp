@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "ui/dialog/qt/ansi_text.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -40,7 +41,9 @@ void NameListsByTheirLabels(QFileDialog& dialog) {
 }
 
 QFileDialog* MakeFileDialog(QWidget* parent, SelectKind kind, const FileRequest& request) {
-    auto* dialog = new QFileDialog(parent, FromAnsi(request.caption), FromAnsi(request.directory));
+    // The title in the language shown; the folder and file are values.
+    auto* dialog =
+        new QFileDialog(parent, Translated(FromAnsi(request.caption)), FromAnsi(request.directory));
     dialog->setObjectName(QStringLiteral("frmFile"));
     // Qt's own dialog: the same on every desktop, and it can choose a folder by its pattern.
     dialog->setOption(QFileDialog::DontUseNativeDialog);

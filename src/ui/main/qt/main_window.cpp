@@ -150,12 +150,12 @@ QGroupBox* MainWindow::BuildIntroduction() {
         return ListRow(grid, row, frame, QLatin1String(labelName), QLatin1String(listName),
                        mnemonic);
     };
-    addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type");
+    ShowEntriesAsCaptions(addList(0, "Lbl_Type", QLatin1Char('y'), "Cb_Type"));
     // Both buttons show "Setup...": each is named by what it sets up.
     auto* typeSetup = Make<QPushButton>(frame, "Cd_TypeSet", QLatin1Char('p'));
     SetAccessibleName(typeSetup, QCoreApplication::translate("lumacfg", "Instrument type setup"));
     grid->addWidget(typeSetup, 0, 2);
-    addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto");
+    ShowEntriesAsCaptions(addList(1, "Lbl_Auto", QLatin1Char('A'), "Cb_Auto"));
     auto* autosamplerSetup = Make<QPushButton>(frame, "Cd_AutoSet", QLatin1Char('u'));
     SetAccessibleName(autosamplerSetup,
                       QCoreApplication::translate("lumacfg", "Autosampler setup"));
