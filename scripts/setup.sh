@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh cmake ninja-build g++ libgtest-dev libgmock-dev libbenchmark-dev \
     libx11-dev qt6-base-dev qt6-qpa-plugins xvfb xauth fonts-dejavu-core ansible-core \
-    libpam0g-dev libpam-wrapper
+    libpam0g-dev libpam-wrapper fonts-noto-cjk
 
 build_dir=${1:-build/release}
 shift || true
