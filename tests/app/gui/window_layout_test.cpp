@@ -26,7 +26,6 @@
 #include "config/start_up.h"
 #include "racks/custom_racks.h"
 #include "resources/string_table.h"
-#include "support/scoped_env.h"
 #include "support/temp_station.h"
 #include "ui/autosampler/asx500_dialog.h"
 #include "ui/autosampler/asx_dialog.h"
@@ -320,6 +319,12 @@ class ShownWindow : public support::TempStation {
         QApplication::setFont(font);
     }
 
+    // The windows' texts in `language` from here on. English is the source text of every
+    // caption: it needs no catalogue.
+    static void UseLanguage(const std::string& language) {
+        ASSERT_EQ(language, "en") << "no catalogue is installed for " << language;
+    }
+
     // Shown at the size its layout asks for, as on a screen that holds it (Qt's offscreen
     // screen is small, and a window larger than the screen would open at a smaller size).
     void Show(QWidget& window) {
@@ -353,7 +358,7 @@ class WindowLayoutTest : public ShownWindow, public testing::WithParamInterface<
 
 TEST_P(WindowLayoutTest, NoCaptionIsClippedAndNoControlOverlapsAnother) {
     const auto& [row, font, language] = GetParam();
-    support::ScopedEnv desktopLanguage("LANGUAGE", language);
+    ASSERT_NO_FATAL_FAILURE(UseLanguage(language));
     ASSERT_NO_FATAL_FAILURE(Prepare(row.station, font.factor));
     opened_ = row.open();
     ASSERT_NE(opened_.window, nullptr);
