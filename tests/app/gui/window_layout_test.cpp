@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTest>
@@ -231,10 +232,9 @@ Opened OpenLogonAfterWrongPassword() {
     auto model = std::make_shared<ui::LogonDialog>("operator", logon);
     auto window = std::make_unique<ui::LogonWindow>(*model);
     window->Binder().SetText(QStringLiteral("Ed_Password"), QStringLiteral("wrong"));
-    bool answered = false;
-    QObject::connect(window.get(), &ui::LogonWindow::Answered, [&answered] { answered = true; });
+    QSignalSpy answered(window.get(), &ui::LogonWindow::Answered);
     window->Binder().Click(QStringLiteral("Cd_OK"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 5000));
+    EXPECT_TRUE(answered.wait(5000));
     return {std::move(model), std::move(window)};
 }
 
@@ -337,6 +337,7 @@ class ShownWindow : public support::TempStation {
     void TearDown() override {
         opened_ = {};
         QApplication::setFont(programFont_);
+        ResetCustomDefs();
         TempStation::TearDown();
     }
 
