@@ -11,6 +11,8 @@
 # first-start window, where no station is named ("first-start.png"); last the logon window.
 # The main window and the ASX500 dialog are drawn in German and in Japanese too
 # ("main-window-de.png", "asx500-ja.png", ...), the language chosen by LANGUAGE.
+# At twice the scale (QT_SCALE_FACTOR=2, on a screen twice as large): the main window
+# ("main-window-scale2.png") and the ASX500 dialog with its misfit ("asx500-scale2.png").
 # Runs the built programs under a virtual X server; builds nothing.
 #   BUILD_DIR=build/release scripts/screenshots.sh
 set -euo pipefail
@@ -35,11 +37,12 @@ station() {
         LUMACFG_AUDIT_LOG=$station/audit.log LUMACFG_LOCK_DIR=$station
 }
 
-# Draws the window on the station (with further arguments of the program: --click CONTROL).
+# Draws the window on the station (with further arguments of the program: --click CONTROL), on
+# a screen of $screen (1280x1024 unless set).
 picture() {
     local file=$1
     shift
-    xvfb-run -a -s "-screen 0 1280x1024x24" "$program" --screenshot "$repo/docs/screenshots/$file" "$@"
+    xvfb-run -a -s "-screen 0 ${screen:-1280x1024}x24" "$program" --screenshot "$repo/docs/screenshots/$file" "$@"
     echo "docs/screenshots/$file"
 }
 
@@ -54,6 +57,7 @@ setup() {
 
 station 1 && picture main-window.png
 station 2 && picture main-window-lan.png
+station 2 && QT_SCALE_FACTOR=2 screen=2560x2048 picture main-window-scale2.png
 station 2 && picture miscellaneous.png --click Cd_Misc
 station 2 && picture file-selection.png --click Cd_Browse
 station 2 && picture wait-window.png --click Cd_Tlbar
@@ -67,6 +71,7 @@ station 1
 "$cli" set ALS_TYPE=1 >/dev/null
 "$cli" profile set "$LUMACFG_PROGRAM_DIR/custrack.ini" CURRENT RACK3_ID 1004
 picture asx500-misfit.png --click Cd_AutoSet
+QT_SCALE_FACTOR=2 screen=2560x2048 picture asx500-scale2.png --click Cd_AutoSet
 # The editor accepts a default rack that does not fit (the picture marks it), as the file does.
 station 1
 "$cli" set ALS_TYPE=1 >/dev/null
