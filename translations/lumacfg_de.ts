@@ -4,6 +4,30 @@
   <context>
     <name>lumacfg</name>
     <message>
+      <source>no rack</source>
+      <translation>kein Rack</translation>
+    </message>
+    <message>
+      <source>Position %1 of %2: %3</source>
+      <translation>Position %1 von %2: %3</translation>
+    </message>
+    <message>
+      <source>, does not fit: %1</source>
+      <translation>, passt nicht: %1</translation>
+    </message>
+    <message>
+      <source>Tray %1</source>
+      <translation>Tray %1</translation>
+    </message>
+    <message>
+      <source>Tray picture</source>
+      <translation>Tray-Abbildung</translation>
+    </message>
+    <message>
+      <source>Tray picture, %1</source>
+      <translation>Tray-Abbildung, %1</translation>
+    </message>
+    <message>
       <source>cannot read %1: %2</source>
       <translation>%1 kann nicht gelesen werden: %2</translation>
     </message>
@@ -64,6 +88,26 @@
     <message>
       <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
       <translation>Es wurde keine Station des Datensystems gefunden (%1); wählen Sie den Ordner, in dem das Datensystem installiert ist, also den Ordner, der LUMAEXE enthält oder in dem LUMAEXE angelegt werden darf.</translation>
+    </message>
+    <message>
+      <source>IP address, part %1 of %2</source>
+      <translation>IP-Adresse, Teil %1 von %2</translation>
+    </message>
+    <message>
+      <source>Instrument type setup</source>
+      <translation>Einrichtung des Gerätetyps</translation>
+    </message>
+    <message>
+      <source>Autosampler setup</source>
+      <translation>Einrichtung des Autosamplers</translation>
+    </message>
+    <message>
+      <source>Prohibited mass %1</source>
+      <translation>Gesperrte Masse %1</translation>
+    </message>
+    <message>
+      <source>Waiting</source>
+      <translation>Warten</translation>
     </message>
     <message>
       <source>OK</source>
@@ -798,8 +842,8 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
       <translation>Sicher&amp;heit</translation>
     </message>
     <message>
-      <source>S&amp;etup...</source>
-      <translation>&amp;Einrichten...</translation>
+      <source>Setu&amp;p...</source>
+      <translation>Einri&amp;chten...</translation>
     </message>
     <message>
       <source>ST&amp;D/Rinse:</source>

@@ -4,6 +4,30 @@
   <context>
     <name>lumacfg</name>
     <message>
+      <source>no rack</source>
+      <translation>ラックなし</translation>
+    </message>
+    <message>
+      <source>Position %1 of %2: %3</source>
+      <translation>ポジション %1/%2: %3</translation>
+    </message>
+    <message>
+      <source>, does not fit: %1</source>
+      <translation>、適合しません: %1</translation>
+    </message>
+    <message>
+      <source>Tray %1</source>
+      <translation>トレイ %1</translation>
+    </message>
+    <message>
+      <source>Tray picture</source>
+      <translation>トレイ図</translation>
+    </message>
+    <message>
+      <source>Tray picture, %1</source>
+      <translation>トレイ図、%1</translation>
+    </message>
+    <message>
       <source>cannot read %1: %2</source>
       <translation>%1 を読み込めません: %2</translation>
     </message>
@@ -64,6 +88,26 @@
     <message>
       <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
       <translation>データシステムのステーションが見つかりませんでした（%1）。データシステムのインストール先フォルダ（LUMAEXEを含むフォルダ、またはLUMAEXEを作成できるフォルダ）を選択してください。</translation>
+    </message>
+    <message>
+      <source>IP address, part %1 of %2</source>
+      <translation>IPアドレス、第%1オクテット (全%2)</translation>
+    </message>
+    <message>
+      <source>Instrument type setup</source>
+      <translation>装置タイプの設定</translation>
+    </message>
+    <message>
+      <source>Autosampler setup</source>
+      <translation>オートサンプラーの設定</translation>
+    </message>
+    <message>
+      <source>Prohibited mass %1</source>
+      <translation>禁止質量 %1</translation>
+    </message>
+    <message>
+      <source>Waiting</source>
+      <translation>待機中</translation>
     </message>
     <message>
       <source>OK</source>
@@ -798,8 +842,8 @@ Length of the rack might be wrong.</source>
       <translation>セキュリティ(&amp;E)</translation>
     </message>
     <message>
-      <source>S&amp;etup...</source>
-      <translation>設定(&amp;E)...</translation>
+      <source>Setu&amp;p...</source>
+      <translation>設定(&amp;P)...</translation>
     </message>
     <message>
       <source>ST&amp;D/Rinse:</source>

@@ -41,6 +41,7 @@
 #include "ui/dialog/qt/dialog_binding.h"
 #include "ui/dialog/qt/dialog_widgets.h"
 #include "ui/dialog/qt/station_font.h"
+#include "ui/dialog/qt/translation.h"
 #include "ui/logon/logon_dialog.h"
 #include "ui/logon/qt/logon_window.h"
 #include "ui/main/main_dialog.h"
@@ -58,7 +59,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // The languages the windows are shipped in.
-const std::string kLanguages[] = {"en"};
+const std::string kLanguages[] = {"en", "de", "ja"};
 
 struct FontSize {
     const char* name;
@@ -319,10 +320,10 @@ class ShownWindow : public support::TempStation {
         QApplication::setFont(font);
     }
 
-    // The windows' texts in `language` from here on. English is the source text of every
-    // caption: it needs no catalogue.
+    // The windows' texts in `language` from here on.
     static void UseLanguage(const std::string& language) {
-        ASSERT_EQ(language, "en") << "no catalogue is installed for " << language;
+        ASSERT_EQ(ui::UseLanguage(QLocale(QString::fromStdString(language))),
+                  QString::fromStdString(language));
     }
 
     // Shown at the size its layout asks for, as on a screen that holds it (Qt's offscreen
@@ -336,6 +337,7 @@ class ShownWindow : public support::TempStation {
 
     void TearDown() override {
         opened_ = {};
+        ui::UseLanguage(QLocale(QLocale::English));
         QApplication::setFont(programFont_);
         ResetCustomDefs();
         TempStation::TearDown();

@@ -208,8 +208,8 @@ QAccessibleInterface* AccessibleListOf(const QString& className, QObject* object
     return new AccessibleList(list);
 }
 
-// Installed before a list is first asked for its interface, which a list's change of entries
-// does: before ShowState fills the first list.
+// Installed before a list is first asked for its interface (Qt keeps the first interface of a
+// widget): before ShowState fills the first list and before a view names a list itself.
 void NameListsByTheirOwnNames() {
     static const bool installed = [] {
         QAccessible::installFactory(&AccessibleListOf);
@@ -314,6 +314,7 @@ QString AccessibleNameOf(const QWidget* widget, const QWidget* root) {
 }
 
 void SetAccessibleName(QWidget* widget, const QString& name) {
+    NameListsByTheirOwnNames();
     widget->setProperty(kAccessibleNameProperty, name);
     widget->setAccessibleName(name);
 }
