@@ -8,11 +8,11 @@
 // is clicked first and the picture is of the modal window it opens (a path such as
 // "Cd_AutoSet/btnConfigTray" clicks each further button in the window the one before opened).
 // --hold keeps the window pictured open SECONDS seconds first (the accessibility test reads it
-// meanwhile). --quit-after-shown closes
-// the window so once it is shown. Either option makes the command line non-empty: the start is
-// not interactive and does not log on. Exit status: 0 done; 1 the screenshot could not be saved; 2
-// usage error; 3 start-up refused (another copy, or the data system, runs); 4 a file could not be
-// read or written (each one is listed in a message box first).
+// meanwhile). --quit-after-shown closes the window so once it is shown. Either option makes the
+// command line non-empty: the start is not interactive and does not log on. Exit status: 0 done;
+// 1 the screenshot could not be saved; 2 usage error; 3 start-up refused (another copy, or the
+// data system, runs); 4 a file could not be read or written (each one is listed in a message box
+// first).
 #include <QApplication>
 #include <iostream>
 #include <memory>

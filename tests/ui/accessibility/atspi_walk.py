@@ -1,14 +1,16 @@
 #!/usr/bin/python3
-"""Reads every window of lumacfg as a screen reader does, over AT-SPI, in each language.
+"""Reads every window of lumacfg as a screen reader does, over AT-SPI, in each language and at
+twice the scale.
 
 Each case starts the built program on a fresh copy of the demo station, with the window of the
-case open (the main window, or the one a button opens) and held open for the walk. In English it
-waits until the window's accessible tree shows the case's sample names, and fails on a sample
-name missing and on a list that does not say its chosen entry as its text; in German and in
-Japanese it waits until the window shows as many controls as in English. In every language it
-fails on any control that takes the focus but has no name, and on two controls of one role with
-one name in one window. Only what is shown counts: a hidden widget is reported without the
-"showing" state, and screen readers pass over it, so the walk does too.
+case open (the main window, or the one a button opens; the logon window of an interactive start)
+and held open for the walk. In English it waits until the window's accessible tree shows the
+case's sample names, and fails on a sample name missing and on a list that does not say its
+chosen entry as its text; in German, in Japanese and at twice the scale it waits until the
+window shows as many controls as in English. In every condition it fails on any control that
+takes the focus but has no name, and on two controls of one role with one name in one window.
+Only what is shown counts: a hidden widget is reported without the "showing" state, and screen
+readers pass over it, so the walk does too.
 
     atspi_walk.py LUMACFG LUMACFG_CLI DEMO_STATION [CASE...]
 
@@ -33,7 +35,7 @@ HOLD_S = "600"  # the program ends by itself at the latest after this
 
 class Case:
     def __init__(self, name, samples, hardware=1, settings=(), click=None, station="demo",
-                 descriptions=(), entries=(), walk_tray=False):
+                 descriptions=(), entries=(), walk_tray=False, interactive=False):
         self.name = name
         # Names (regular expressions) some shown object must have; (role, name) for one of a role.
         self.samples = samples
@@ -44,11 +46,14 @@ class Case:
         self.descriptions = descriptions  # (name, description) pairs, both regular expressions
         self.entries = entries  # (list name, the chosen entry it says) pairs
         self.walk_tray = walk_tray  # the tray picture takes the focus and Right reaches position 2
+        self.interactive = interactive  # started as from the menu: no option, so it logs on
 
 
-# Each window is read in each language (its locale); the sample names are the English ones, and
-# in another language the window must show the same controls, each named and none twice.
-LANGUAGES = {"en": "en_US.UTF-8", "de": "de_DE.UTF-8", "ja": "ja_JP.UTF-8"}
+# Each window is read in each language (LANGUAGE, its locale, and Qt's scale), English at twice
+# the scale too; the sample names are the English ones, and in every other condition the window
+# must show the same controls, each named and none twice.
+CONDITIONS = [("en", "en_US.UTF-8", "1"), ("de", "de_DE.UTF-8", "1"), ("ja", "ja_JP.UTF-8", "1"),
+              ("en", "en_US.UTF-8", "2")]
 SETUP_BUTTONS = [("push button", "Instrument type setup"), ("push button", "Autosampler setup")]
 # The entries of a list or a table are its content, not controls of the window: several may
 # read alike ("Folder"), and an empty cell has no name.
@@ -81,16 +86,20 @@ CASES = [
     Case("first-start window", [("text", "Data system folder"), ("push button", "Browse...")],
          station="none"),
     Case("message box", ["OK", ".*cannot read .*lumagen\\.ist.*"], station="unreadable"),
+    # The demo station has "Security" on: an interactive start asks who is there first.
+    Case("logon window", [("text", "User name"), "Password", ("push button", "OK"),
+                          ("push button", "Cancel")], interactive=True),
 ]
 
 
-def station_environment(case, language, lumacfg_cli, demo, work):
-    """A fresh station for the case; the program's environment for it, in the language."""
+def station_environment(case, condition, lumacfg_cli, demo, work):
+    """A fresh station for the case; the program's environment for it, in the condition."""
+    language, locale, scale = condition
     env = dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_ACCESSIBILITY="1",
-               QT_QPA_PLATFORM="xcb", LUMACFG_CLI=lumacfg_cli, LANGUAGE=language,
-               LANG=LANGUAGES[language])
-    env.pop("LC_ALL", None)
-    env.pop("LC_MESSAGES", None)
+               QT_QPA_PLATFORM="xcb", LUMACFG_CLI=lumacfg_cli, LANGUAGE=language, LANG=locale,
+               QT_SCALE_FACTOR=scale)
+    for variable in ("LC_ALL", "LC_MESSAGES", "LUMACFG_LOGON"):
+        env.pop(variable, None)
     station = tempfile.mkdtemp(dir=work)
     if case.station == "none":
         env.pop("LUMACFG_PROGRAM_DIR", None)
@@ -217,16 +226,18 @@ def tray_walk_faults(app, deadline):
     return ["the tray picture did not move to position 2 by the keyboard: %r" % picture.name]
 
 
-def read_case(case, language, shape, lumacfg, lumacfg_cli, demo, work):
-    """The faults of the case's window in the language ([] when none) and its shape. In English
-    the window is read once its samples are there; in another language, once it shows as many
-    controls as in English (`shape`)."""
-    env = station_environment(case, language, lumacfg_cli, demo, work)
+def read_case(case, condition, shape, lumacfg, lumacfg_cli, demo, work):
+    """The faults of the case's window in the condition ([] when none) and its shape. In the
+    first condition the window is read once its samples are there; in another, once it shows as
+    many controls as in the first (`shape`)."""
+    env = station_environment(case, condition, lumacfg_cli, demo, work)
     command = [lumacfg, "--screenshot", os.path.join(work, "window.png"), "--hold", HOLD_S]
     if case.click:
         command += ["--click", case.click]
     if case.station == "unreadable":
         command = [lumacfg, "--quit-after-shown"]  # the message box waits for its OK
+    if case.interactive:
+        command = [lumacfg]
     # Its messages go to a file: a pipe nobody reads while it runs could fill and stop it.
     errors = tempfile.TemporaryFile(dir=work)
     program = subprocess.Popen(command, env=env, stdout=subprocess.DEVNULL, stderr=errors,
@@ -290,10 +301,12 @@ def main(arguments):
         for case in CASES:
             if chosen and case.name not in chosen:
                 continue
-            shape = None  # the English window's, which the other languages must match
-            for language in LANGUAGES:
-                faults, shape = read_case(case, language, shape, lumacfg, lumacfg_cli, demo, work)
-                print("%s (%s): %s" % (case.name, language, "ok" if not faults else "FAILED"))
+            shape = None  # the English window's, which the other conditions must match
+            for condition in CONDITIONS:
+                faults, shape = read_case(case, condition, shape, lumacfg, lumacfg_cli, demo,
+                                          work)
+                print("%s (%s, scale %s): %s" % (case.name, condition[0], condition[2],
+                                                 "ok" if not faults else "FAILED"))
                 for fault in faults:
                     print("    " + fault)
                 failed += bool(faults)
