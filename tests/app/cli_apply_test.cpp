@@ -222,6 +222,23 @@ TEST_F(CliApplyTest, RefusalsAndDocumentsThatAreNoFieldsDocumentWriteNothing) {
     }
 }
 
+TEST_F(CliApplyTest, AChangeTheAuditLogCannotRecordIsReportedAsNoChange) {
+    const Snapshot before = Files();
+    const std::string log = (root_ / "no-such-folder" / "audit.log").string();
+    support::ScopedEnv unwritable("LUMACFG_AUDIT_LOG", log);
+    const std::string document = Fields("\"OPT_SC\": \"0\"");
+    const CliResult text = Apply(document);
+    EXPECT_EQ(text.exit, 4);
+    EXPECT_EQ(text.out, "");
+    EXPECT_NE(text.err.find(log), std::string::npos) << text.err;
+    const CliResult json = Apply(document, {"--json"});
+    EXPECT_EQ(json.exit, 4);
+    EXPECT_TRUE(json.out.starts_with("{\"changed\": false, \"files\": [], \"diff\": \"\""))
+        << json.out;
+    EXPECT_NE(json.out.find(log), std::string::npos) << json.out;
+    EXPECT_EQ(Files(), before);
+}
+
 TEST_F(CliApplyTest, AFileThatCannotBeReadIsNamed) {
     const CliResult missing = Run({"apply", (root_ / "none.json").string()});
     EXPECT_EQ(missing.exit, 4);

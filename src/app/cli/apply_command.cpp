@@ -1,5 +1,6 @@
 #include "app/cli/apply_command.h"
 
+#include <algorithm>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -17,6 +18,7 @@
 #include "base/windows1252.h"
 #include "config/config_record.h"
 #include "config/load_configuration.h"
+#include "platform/file_failures.h"
 #include "platform/services.h"
 #include "ui/main/main_dialog.h"
 
@@ -156,6 +158,19 @@ StationFields FieldsStored() {
     return fields;
 }
 
+// The previewed files that a commit wrote: none when the audit log refused the changes, else
+// all but those the platform could not write.
+std::vector<FilePreview> Written(std::vector<FilePreview> files, bool committed) {
+    if (!committed) return {};
+    const std::vector<platform::FileFailure>& failures = platform::Failures().Pending();
+    std::erase_if(files, [&](const FilePreview& file) {
+        return std::ranges::any_of(failures, [&](const platform::FileFailure& failure) {
+            return failure.operation == platform::FileOperation::Write && failure.path == file.path;
+        });
+    });
+    return files;
+}
+
 // Runs the fields through `set`; the changes are written only when a field changes. Every Save
 // stamps the configuration identifier anew, so the files alone would always differ: a change
 // is a field that the next start shows otherwise.
@@ -168,7 +183,9 @@ Outcome Apply(const std::vector<std::string>& assignments, bool dryRun, std::ost
             outcome.changed = FieldsStored() != before;
             if (!outcome.changed) return;
             outcome.files = held.Preview();
-            if (!dryRun) held.Commit();
+            if (dryRun) return;
+            outcome.files = Written(std::move(outcome.files), held.Commit());
+            outcome.changed = !outcome.files.empty();
         },
         err);
     if (outcome.exit != kExitOk && outcome.exit != kExitFileFailed)

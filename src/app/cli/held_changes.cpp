@@ -429,11 +429,11 @@ HeldChanges::~HeldChanges() {
     platform::SetAudit(nullptr);
 }
 
-void HeldChanges::Commit() {
-    if (!log_->open) return;
+bool HeldChanges::Commit() {
+    if (!log_->open) return false;
     // The audit log first: a change it cannot record is not made (the failure is reported).
     for (const std::function<bool()>& call : log_->auditCalls) {
-        if (!call()) return;  // the batch is ended, unchanged, when the changes are dropped
+        if (!call()) return false;  // the batch is ended, unchanged, when the changes are dropped
     }
     log_->open = false;
     for (const Log::ProfileChange& change : log_->profileChanges) {
@@ -468,6 +468,7 @@ void HeldChanges::Commit() {
     // The profiles first: the station profile is the first file a save changes.
     log_->profiles->EndBatch();
     log_->registry->EndBatch();
+    return true;
 }
 
 std::vector<FilePreview> HeldChanges::Preview() {

@@ -35,9 +35,9 @@ class HeldChanges {
 
     // Records the held audit events and security calls in the audit log, then makes every change
     // held, in order, on the platform's services, in one batch; each file is written once. When
-    // the audit log cannot be written, no change is made. The files that could not be written
-    // are in platform::Failures().
-    void Commit();
+    // the audit log cannot be written, no change is made and it answers false. The files that
+    // could not be written are in platform::Failures().
+    bool Commit();
 
     // What committing would do to each file: the profiles in the order they were first changed,
     // the registry store, then the other files. Worked out in memory by the documents the
