@@ -28,6 +28,11 @@ if dpkg -s lumacfg >/dev/null 2>&1; then
     echo "package-test: lumacfg is installed on this machine; remove it first" >&2
     exit 1
 fi
+# The test writes and removes the installed registry store: a site's own is never touched.
+if [ -e /etc/plasmasuite/registry.reg ]; then
+    echo "package-test: /etc/plasmasuite/registry.reg exists on this machine; move it away first" >&2
+    exit 1
+fi
 
 scripts/install-packages.sh dpkg-dev desktop-file-utils appstream lintian || exit 1
 

@@ -18,6 +18,8 @@ StationLookup NotNamed(std::string path, std::string reason) {
             {platform::FileOperation::Read, std::move(path), std::move(reason)}};
 }
 
+constexpr std::string_view kNotFullPath = "not a full path (one that starts with \"/\")";
+
 std::string ProgramFolderOf(std::string_view dataSystemFolder) {
     return platform::HostPath(platform::JoinPath(dataSystemFolder, kProgramFolder));
 }
@@ -40,6 +42,10 @@ StationLookup LookUpStation() {
                         "it names no data system folder (no \"Path\" under "
                         "HKEY_LOCAL_MACHINE\\" +
                             std::string(kDataSystemKey) + ")");
+    }
+    if (!platform::IsFullPath(path)) {
+        return NotNamed(store,
+                        "its data system folder \"" + path + "\" is " + std::string(kNotFullPath));
     }
     const std::string directory = ProgramFolderOf(path);
     if (auto problem = platform::DirectoryProblem(directory)) {
@@ -64,6 +70,10 @@ bool LocateStation() {
 
 // The key first: a store that cannot be written leaves the folder as it was.
 bool RecordDataSystemFolder(std::string_view folder) {
+    if (!platform::IsFullPath(folder)) {
+        platform::Failures().Report(platform::FileOperation::Read, folder, kNotFullPath);
+        return false;
+    }
     if (auto problem = platform::DirectoryProblem(folder)) {
         platform::Failures().Report(platform::FileOperation::Read, platform::HostPath(folder),
                                     *problem);

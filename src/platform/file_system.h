@@ -50,6 +50,10 @@ void UseProgramDirectory(std::string directory);
 // "Not a directory", ...), or nullopt when it is one.
 std::optional<std::string> DirectoryProblem(std::string_view systemPath);
 
+// Whether a data-system path names its folder whatever the working directory is ("/srv/plasma";
+// not "plasma", nor a folder of another computer such as "C:\PLASMA").
+bool IsFullPath(std::string_view systemPath);
+
 // Creates the directory a data-system path names (its parent must be there); false, with the
 // failure reported to Failures(), when it cannot be made.
 bool MakeDirectory(std::string_view systemPath);

@@ -146,6 +146,20 @@ TEST_F(StationLocationTest, LookUpStationTakesTheFirstThatNamesOne) {
          Outcome::NotNamed,
          "@/plasma/LUMAEXE",
          "No such file or directory"},
+        {"Path of another computer",
+         std::nullopt,
+         RegistryText("\"Path\"=\"C:\\\\PLASMA\"\r\n"),
+         {},
+         Outcome::NotNamed,
+         "@/registry.reg",
+         "\"C:\\PLASMA\" is not a full path"},
+        {"Path relative to the working directory",
+         std::nullopt,
+         RegistryText("\"Path\"=\"plasma\"\r\n"),
+         {"plasma/LUMAEXE"},
+         Outcome::NotNamed,
+         "@/registry.reg",
+         "\"plasma\" is not a full path"},
         {"damaged store", std::nullopt, "not a registry", {}, Outcome::Unreadable, "", ""},
     };
     for (const LookupCase& c : cases) {
@@ -243,6 +257,17 @@ TEST_F(StationLocationTest, RecordDataSystemFolderWritesPathAndMakesLumaexe) {
             EXPECT_EQ(LookUpStation().outcome, Outcome::Found);
         }
     }
+}
+
+TEST_F(StationLocationTest, RecordDataSystemFolderRefusesAFolderThatIsNoFullPath) {
+    for (const char* folder : {"plasma", "C:\\PLASMA"}) {
+        EXPECT_FALSE(RecordDataSystemFolder(folder));
+        const auto failures = platform::Failures().Take();
+        ASSERT_EQ(failures.size(), 1u);
+        EXPECT_EQ(failures[0].path, folder);
+        EXPECT_EQ(failures[0].reason, "not a full path (one that starts with \"/\")");
+    }
+    EXPECT_FALSE(fs::exists(Store()));
 }
 
 TEST_F(StationLocationTest, RecordDataSystemFolderLeavesTheFolderWhenTheStoreCannotBeWritten) {

@@ -79,15 +79,15 @@ int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ost
     return WithFailures(kExitOk, platform::Failures().Take(), err);
 }
 
-int RunShow(std::ostream& out) {
-    if (int refused = StartStation(); refused != kExitOk) return refused;
+int RunShow(std::ostream& out, std::ostream& err) {
+    if (int refused = StartStation(err); refused != kExitOk) return refused;
     PrintRecord(out, Config());
     return kExitOk;
 }
 
 // What the window loads before it is shown, then what closing it writes after a Save.
-int RunSave() {
-    if (int refused = StartStation(); refused != kExitOk) return refused;
+int RunSave(std::ostream& err) {
+    if (int refused = StartStation(err); refused != kExitOk) return refused;
     LoadTraySelection();
     Config().SAVE_REQ = 1;
     for (const platform::FileFailure& failure : CloseStation()) {
@@ -126,7 +126,12 @@ void LoadTraySelection() {
     RackTrays().WorkingTray = RackTrays().CurrentTray;
 }
 
-int StartStation() {
+int StartStation(std::ostream& err) {
+    if (!platform::Instance().Acquire()) {
+        err << "lumacfg-cli: another copy of lumacfg or lumacfg-cli is running; try again when it "
+               "has ended\n";
+        return kExitStartUpRefused;
+    }
     switch (StartUp(StartUpOptions{.commandLineEmpty = false})) {
         case StartUpResult::Continue:
             return kExitOk;
@@ -168,9 +173,9 @@ int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& e
         out << "lumacfg-cli " LUMACFG_VERSION "\n";
         return kExitOk;
     }
-    if (command == "show") return InOneBatch([&] { return RunShow(out); }, err);
-    if (command == "save") return InOneBatch(RunSave, err);
-    if (command == "export") return InOneBatch([&] { return RunExport(out); }, err);
+    if (command == "show") return InOneBatch([&] { return RunShow(out, err); }, err);
+    if (command == "save") return InOneBatch([&] { return RunSave(err); }, err);
+    if (command == "export") return InOneBatch([&] { return RunExport(out, err); }, err);
     if (command == "tray") return InOneBatch([&] { return RunTrayCommand(out); }, err);
     return Usage(err);
 }

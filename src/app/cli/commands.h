@@ -20,8 +20,9 @@ inline constexpr int kExitNoWindow = 5;    // notify: no configuration window li
 int Run(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
 
 // Start-up as the window runs it, with a command line that is never empty (no logon): 0, or the
-// exit code of a refused or failed start-up.
-int StartStation();
+// exit code of a refused or failed start-up. Where the window ends silently because another copy
+// runs, the headless front end says so on `err`: a script is told why it got no station.
+int StartStation(std::ostream& err);
 
 // The tray selection as the window loads it before it is shown: the current tray of
 // "custrack.ini", copied to the working one.

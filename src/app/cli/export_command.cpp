@@ -47,8 +47,8 @@ StationFields FieldsShown(ui::MainDialog& window) {
     return fields;
 }
 
-int RunExport(std::ostream& out) {
-    if (int refused = StartStation(); refused != kExitOk) return refused;
+int RunExport(std::ostream& out, std::ostream& err) {
+    if (int refused = StartStation(err); refused != kExitOk) return refused;
     LoadTraySelection();
     ui::MainDialog window(Config());
     WriteDocument(out, FieldsShown(window));

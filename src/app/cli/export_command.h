@@ -27,6 +27,6 @@ StationFields FieldsShown(ui::MainDialog& window);
 
 // export: start-up as `show` runs it and the tray selection as the window loads it; then the
 // document on `out`.
-int RunExport(std::ostream& out);
+int RunExport(std::ostream& out, std::ostream& err);
 
 }  // namespace lumacfg::cli

@@ -406,7 +406,7 @@ int RunInWindow(const std::function<int(MainDialog&)>& edit,
     int exit = kExitOk;
     {
         HeldChanges held;
-        exit = StartStation();
+        exit = StartStation(err);
         if (exit == kExitOk) {
             LoadTraySelection();
             MainDialog window(Config());

@@ -18,6 +18,10 @@ std::optional<std::string> DirectoryProblem(std::string_view systemPath) {
     return std::nullopt;
 }
 
+bool IsFullPath(std::string_view systemPath) {
+    return systemPath.starts_with('/') || systemPath.starts_with('\\');
+}
+
 bool MakeDirectory(std::string_view systemPath) {
     const std::string host = HostPath(systemPath);
     if (::mkdir(host.c_str(), 0777) == 0) return true;  // the umask decides the rights
