@@ -1,6 +1,7 @@
 #include "racks/custrack_entries.h"
 
 #include <algorithm>
+#include <iterator>
 #include <span>
 #include <utility>
 
@@ -203,32 +204,80 @@ std::string& TextOf(CustrackEntry& entry, std::string_view key) {
     return const_cast<std::string&>(std::as_const(entry).Text(key));
 }
 
-// The entry's keys as the loader reads them from the file, with the loader's buffers.
-CustrackEntry ReadEntry(EntryKind kind, std::int16_t id) {
-    CustrackEntry entry = Blank(kind, id);
-    const std::string section = entry.Section();
-    for (EntryValue& value : entry.values) {
-        const int buffer = value.key == kNameKey ? kNameBuffer : kNumberBuffer;
-        value.text = ReadCustrackString(section, value.key, "", buffer).text;
-    }
-    return entry;
-}
-
 bool SameValue(std::string_view key, const std::string& inFile, const std::string& edited) {
     if (key == kNameKey || inFile == edited) return inFile == edited;
     const auto a = CustrackNumber(inFile);
     return a && a == CustrackNumber(edited);
 }
 
-// Writes the keys whose text the file does not read as the entry's; a rack also gets its "ID",
-// which the test of a rack on a tray asks for.
-bool WriteEntry(const CustrackEntry& entry) {
+// A key's text as the file holds it, read with the loader's buffer.
+std::string TextInFile(std::string_view section, std::string_view key) {
+    return ReadCustrackString(section, key, "", key == kNameKey ? kNameBuffer : kNumberBuffer).text;
+}
+
+// The entry's keys as the loader reads them from the file.
+CustrackEntry ReadEntry(EntryKind kind, std::int16_t id, std::int32_t slot) {
+    CustrackEntry entry = Blank(kind, id);
+    entry.slot = slot;
     const std::string section = entry.Section();
-    bool written = true;
+    for (EntryValue& value : entry.values) value.text = TextInFile(section, value.key);
+    return entry;
+}
+
+std::string CountRangeText() {
+    return "a number up to " + IntText(kMostListed);
+}
+
+std::string IdRangeText() {
+    return IntText(kFirstCustomId) + ".." + IntText(kLastCustomId);
+}
+
+std::string NotLoaded(std::string_view before) {
+    return "not loaded: " + std::string(before) + " before it fails";
+}
+
+// One key of custrack.ini that a write changes: the text the file holds and the text it gets
+// (nullopt: the key goes).
+struct KeyChange {
+    std::string section;
+    std::string key;
+    std::string old;
+    std::optional<std::string> value;
+    bool withSection = false;  // goes with its whole section
+
+    platform::AuditEvent Event() const {
+        return {"field-changed",
+                {{"field", section + " " + key}, {"old", old}, {"new", value.value_or("")}}};
+    }
+};
+
+using KeyChanges = std::vector<KeyChange>;
+
+// The keys of an entry the file holds, as deleting its section takes them.
+void AddRemovedKeys(const CustrackEntry& entry, KeyChanges& changes) {
+    const std::string section = entry.Section();
+    std::vector<std::string> keys;
+    if (entry.kind == EntryKind::Rack) keys.emplace_back(kRackIdKey);
+    keys.insert(keys.end(), EntryKeys(entry.kind).begin(), EntryKeys(entry.kind).end());
+    for (const std::string& key : keys) {
+        std::string old = TextInFile(section, key);
+        if (!old.empty()) changes.push_back({section, key, std::move(old), std::nullopt, true});
+    }
+}
+
+// The keys whose text the file does not read as the entry's; a rack also gets its "ID", which
+// the test of a rack on a tray asks for. A section removed by the same write (an entry
+// deleted, its id taken anew) holds nothing.
+void AddEditedKeys(const CustrackEntry& entry, bool sectionRemoved, KeyChanges& changes) {
+    const std::string section = entry.Section();
+    const auto inFile = [&](std::string_view key) {
+        return sectionRemoved ? std::string() : TextInFile(section, key);
+    };
     if (entry.kind == EntryKind::Rack) {
-        const CustrackInt id = ReadCustrackInt(section, kRackIdKey, kNoId);
-        if (id.error || id.value != entry.id)
-            written = WriteCustrackString(section, kRackIdKey, IntText(entry.id)) && written;
+        std::string old = inFile(kRackIdKey);
+        if (CustrackNumber(old) != entry.id)
+            changes.push_back(
+                {section, std::string(kRackIdKey), std::move(old), IntText(entry.id)});
     }
     for (const EntryValue& value : entry.values) {
         // The test of a rack on a tray reads every vial key with the default -1: a rack's
@@ -236,12 +285,9 @@ bool WriteEntry(const CustrackEntry& entry) {
         const std::string text =
             value.text.empty() && entry.kind == EntryKind::Rack ? "0" : value.text;
         if (text.empty()) continue;
-        const int buffer = value.key == kNameKey ? kNameBuffer : kNumberBuffer;
-        const std::string inFile = ReadCustrackString(section, value.key, "", buffer).text;
-        if (SameValue(value.key, inFile, text)) continue;
-        written = WriteCustrackString(section, value.key, text) && written;
+        std::string old = inFile(value.key);
+        if (!SameValue(value.key, old, text)) changes.push_back({section, value.key, old, text});
     }
-    return written;
 }
 
 std::int32_t ListCount(EntryKind kind) {
@@ -249,10 +295,36 @@ std::int32_t ListCount(EntryKind kind) {
     return count.error ? 0 : std::clamp(count.value, 0, kMostListed);
 }
 
-bool WriteIfDifferent(std::string_view key, std::int32_t value) {
-    const CustrackInt inFile = ReadCustrackInt(kIndexSection, key, kNoId);
-    if (!inFile.error && inFile.value == value) return true;
-    return WriteCustrackString(kIndexSection, key, IntText(value));
+void AddIndexKey(const std::string& key, std::optional<std::int32_t> value, KeyChanges& changes) {
+    std::string old = TextInFile(kIndexSection, key);
+    if (value && CustrackNumber(old) == *value) return;
+    changes.push_back({std::string(kIndexSection), key, std::move(old),
+                       value ? std::optional<std::string>(IntText(*value)) : std::nullopt});
+}
+
+// The list stays dense: a new entry at its end, a deleted one closing its gap; the keys beyond
+// the new count go.
+void AddListKeys(EntryKind kind, const std::vector<const CustrackEntry*>& listed,
+                 KeyChanges& changes) {
+    const auto count = static_cast<std::int32_t>(listed.size());
+    const std::int32_t before = ListCount(kind);
+    AddIndexKey(std::string(CountKey(kind)), count, changes);
+    for (std::int32_t index = 1; index <= count; ++index)
+        AddIndexKey(IdKey(kind, index), listed[static_cast<std::size_t>(index - 1)]->id, changes);
+    for (std::int32_t index = count + 1; index <= before; ++index)
+        AddIndexKey(IdKey(kind, index), std::nullopt, changes);
+}
+
+bool Recorded(const KeyChanges& changes) {
+    std::vector<platform::AuditEvent> events;
+    for (const KeyChange& change : changes) events.push_back(change.Event());
+    return events.empty() || platform::Audit().Append(events);
+}
+
+bool Made(const KeyChange& change) {
+    if (change.withSection) return true;
+    return change.value ? WriteCustrackString(change.section, change.key, *change.value)
+                        : DeleteCustrackKey(change.section, change.key);
 }
 
 }  // namespace
@@ -348,16 +420,7 @@ std::optional<CustrackEntries> CustrackEntries::Read() {
     if (!platform::Profiles().Readable(CustrackPath())) return std::nullopt;
     CustrackPass pass;
     CustrackEntries entries;
-    for (const EntryKind kind : {EntryKind::Tray, EntryKind::Rack}) {
-        const std::int32_t count = ListCount(kind);
-        for (std::int32_t index = 1; index <= count; ++index) {
-            const CustrackInt id = ReadCustrackInt(kIndexSection, IdKey(kind, index), kNoId);
-            if (id.error || !IsCustomId(id.value)) continue;
-            const auto shortId = static_cast<std::int16_t>(id.value);
-            if (entries.Find(Numbered(SectionPrefix(kind), shortId)) != nullptr) continue;
-            entries.entries_.push_back(ReadEntry(kind, shortId));
-        }
-    }
+    for (const EntryKind kind : {EntryKind::Tray, EntryKind::Rack}) entries.ReadList(kind);
     const CustrackInt tray = ReadCustrackInt(kCurrentSection, "TRAY_ID", kNoId);
     if (!tray.error) entries.currentTray_ = tray.value;
     for (int position = 1; position <= static_cast<int>(kTrayPositions); ++position) {
@@ -366,6 +429,33 @@ std::optional<CustrackEntries> CustrackEntries::Read() {
         if (!rack.error && rack.value != kNoId) entries.currentRacks_.emplace_back(key, rack.value);
     }
     return entries;
+}
+
+// The entries one list of "[INDEX]" names, and every key of it that is damaged. An entry after
+// a damaged id key is read too: the loader does not reach it, but it is the site's.
+void CustrackEntries::ReadList(EntryKind kind) {
+    const std::string countKey(CountKey(kind));
+    const CustrackInt count = ReadCustrackInt(kIndexSection, countKey, 0);
+    const auto countFault = [&](std::int32_t slot) {
+        indexFaults_.push_back(
+            {kind, slot, {countKey, TextInFile(kIndexSection, countKey), CountRangeText()}});
+    };
+    if (count.error) return countFault(0);
+    const std::int32_t listed = ListCount(kind);
+    for (std::int32_t index = 1; index <= listed; ++index) {
+        const std::string idKey = IdKey(kind, index);
+        const CustrackInt id = ReadCustrackInt(kIndexSection, idKey, kNoId);
+        if (id.error || !IsCustomId(id.value)) {
+            indexFaults_.push_back(
+                {kind, index, {idKey, TextInFile(kIndexSection, idKey), IdRangeText()}});
+            continue;
+        }
+        const auto shortId = static_cast<std::int16_t>(id.value);
+        if (Find(Numbered(SectionPrefix(kind), shortId)) != nullptr) continue;
+        entries_.push_back(ReadEntry(kind, shortId, index));
+    }
+    // The id keys beyond those read are not looked at.
+    if (count.value > kMostListed) countFault(kMostListed + 1);
 }
 
 std::vector<CustrackEntry*> CustrackEntries::Listed(EntryKind kind) {
@@ -393,11 +483,42 @@ CustrackEntry* CustrackEntries::Find(std::string_view section) {
 
 std::string CustrackEntries::Verdict(const CustrackEntry& entry) const {
     if (const auto fault = CheckEntry(entry)) return DescribeFault(*fault);
+    const IndexFault* damage = FirstIndexFault(entry.kind);
     for (const CustrackEntry* before : Listed(entry.kind)) {
+        if (damage != nullptr && damage->slot < before->slot)
+            return NotLoaded("[INDEX] " + damage->fault.key);
         if (before == &entry) break;
-        if (CheckEntry(*before)) return "not loaded: " + before->Section() + " before it fails";
+        if (CheckEntry(*before)) return NotLoaded(before->Section());
     }
     return "ok";
+}
+
+std::vector<IndexFault> CustrackEntries::IndexFaults(EntryKind kind) const {
+    std::vector<IndexFault> faults;
+    std::copy_if(indexFaults_.begin(), indexFaults_.end(), std::back_inserter(faults),
+                 [kind](const IndexFault& fault) { return fault.kind == kind; });
+    return faults;
+}
+
+const IndexFault* CustrackEntries::FirstIndexFault(EntryKind kind) const {
+    const auto found = std::find_if(indexFaults_.begin(), indexFaults_.end(),
+                                    [kind](const IndexFault& fault) { return fault.kind == kind; });
+    return found == indexFaults_.end() ? nullptr : &*found;
+}
+
+std::string CustrackEntries::IndexDamage(EntryKind kind) const {
+    const IndexFault* damage = FirstIndexFault(kind);
+    return damage == nullptr ? std::string() : "[INDEX] " + DescribeFault(damage->fault);
+}
+
+// The refusal of a change to a list with a damaged key: rewritten from what could be read, the
+// list would lose the entries that key hides.
+std::string CustrackEntries::ListRefusal(EntryKind kind) const {
+    const std::string damage = IndexDamage(kind);
+    if (damage.empty()) return {};
+    return "The " + std::string(KindWord(kind)) + " list of custrack.ini is damaged: " + damage +
+           ". Entries it names may be missing; New, Copy and Delete of " +
+           std::string(KindWord(kind)) + "s are refused until it is repaired in the file.";
 }
 
 std::string CustrackEntries::SetValue(CustrackEntry& entry, std::string_view key,
@@ -497,6 +618,7 @@ CustrackEntry& CustrackEntries::Append(CustrackEntry entry) {
 }
 
 EditResult CustrackEntries::New(EntryKind kind) {
+    if (std::string refusal = ListRefusal(kind); !refusal.empty()) return {nullptr, refusal};
     const std::int16_t id = FreeId(kind);
     if (id == kNoId) return {nullptr, NoFreeIdMessage(kind)};
     CustrackEntry entry = Blank(kind, id);
@@ -510,6 +632,7 @@ EditResult CustrackEntries::New(EntryKind kind) {
 }
 
 EditResult CustrackEntries::Copy(const CustrackEntry& source) {
+    if (std::string refusal = ListRefusal(source.kind); !refusal.empty()) return {nullptr, refusal};
     const std::int16_t id = FreeId(source.kind);
     if (id == kNoId) return {nullptr, NoFreeIdMessage(source.kind)};
     CustrackEntry entry = Blank(source.kind, id);
@@ -532,6 +655,10 @@ std::string CustrackEntries::InUse(const CustrackEntry& entry) const {
     for (const auto& [key, rack] : currentRacks_) {
         if (rack == entry.id) return intro + "[CURRENT] " + key + " holds it.";
     }
+    // A tray the damaged list hides may name the rack as a default rack.
+    if (const std::string damage = IndexDamage(EntryKind::Tray); !damage.empty())
+        return Described(entry) + " may be in use by a tray the damaged list hides: " + damage +
+               ".";
     for (const CustrackEntry* tray : Listed(EntryKind::Tray)) {
         const auto positions = CustrackNumber(tray->Text("RACK_X_NUM")).value_or(0);
         for (int position = 1; position <= std::min<std::int32_t>(positions, kTrayPositions);
@@ -544,6 +671,7 @@ std::string CustrackEntries::InUse(const CustrackEntry& entry) const {
 }
 
 std::string CustrackEntries::Delete(CustrackEntry& entry) {
+    if (std::string refusal = ListRefusal(entry.kind); !refusal.empty()) return refusal;
     if (std::string refusal = InUse(entry); !refusal.empty()) return refusal;
     entry.deleted = true;
     return {};
@@ -567,30 +695,32 @@ bool CustrackEntries::ListChanged(EntryKind kind) const {
     });
 }
 
+bool CustrackEntries::SectionRemoved(const CustrackEntry& entry) const {
+    return std::any_of(entries_.begin(), entries_.end(), [&entry](const CustrackEntry& other) {
+        return other.deleted && !other.added && other.kind == entry.kind && other.id == entry.id;
+    });
+}
+
 bool CustrackEntries::Write() const {
     CustrackPass pass;
+    KeyChanges changes;
+    for (const CustrackEntry& entry : entries_) {
+        if (entry.deleted && !entry.added) AddRemovedKeys(entry, changes);
+    }
+    for (const CustrackEntry& entry : entries_) {
+        if (!entry.deleted && entry.touched) AddEditedKeys(entry, SectionRemoved(entry), changes);
+    }
+    for (const EntryKind kind : {EntryKind::Tray, EntryKind::Rack}) {
+        if (ListChanged(kind)) AddListKeys(kind, Listed(kind), changes);
+    }
+    // The audit log first: a change it cannot record is not made (the pass ends unchanged).
+    if (!Recorded(changes)) return false;
     bool written = true;
     for (const CustrackEntry& entry : entries_) {
         if (entry.deleted && !entry.added)
             written = DeleteCustrackSection(entry.Section()) && written;
     }
-    for (const CustrackEntry& entry : entries_) {
-        if (!entry.deleted && entry.touched) written = WriteEntry(entry) && written;
-    }
-    for (const EntryKind kind : {EntryKind::Tray, EntryKind::Rack}) {
-        if (!ListChanged(kind)) continue;
-        // The list stays dense: a new entry at its end, a deleted one closing its gap.
-        const auto listed = Listed(kind);
-        const auto count = static_cast<std::int32_t>(listed.size());
-        const std::int32_t before = ListCount(kind);
-        written = WriteIfDifferent(CountKey(kind), count) && written;
-        for (std::int32_t index = 1; index <= count; ++index)
-            written = WriteIfDifferent(IdKey(kind, index),
-                                       listed[static_cast<std::size_t>(index - 1)]->id) &&
-                      written;
-        for (std::int32_t index = count + 1; index <= before; ++index)
-            written = DeleteCustrackKey(kIndexSection, IdKey(kind, index)) && written;
-    }
+    for (const KeyChange& change : changes) written = Made(change) && written;
     return pass.End() && written;
 }
 

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <list>
 #include <optional>
 #include <string>
@@ -50,6 +51,10 @@ struct CustrackEntry {
     bool touched = false;            // edited (or new): its section is compared and written
     bool added = false;              // not in the file yet
     bool deleted = false;
+    // Its place in the list: the "<i>" of "Rack<i>_ID" that names it; kAfterTheList when new.
+    std::int32_t slot = kAfterTheList;
+
+    static constexpr std::int32_t kAfterTheList = std::numeric_limits<std::int32_t>::max();
 
     std::string Section() const;  // "TRAY_1000", "RACK_1003"
     const std::string& Text(std::string_view key) const;
@@ -75,6 +80,15 @@ std::optional<EntryFault> CheckEntry(const CustrackEntry& entry);
 CustomTrayDef TrayOf(const CustrackEntry& entry);
 CustomRackDef RackOf(const CustrackEntry& entry);
 
+// A key of "[INDEX]" that does not name what the loader needs: a count that is not a number
+// (or beyond what is read), or an id key within the count that is missing, not a number or
+// outside 1000..1099. `slot` is the "<i>" of an id key, 0 for the count.
+struct IndexFault {
+    EntryKind kind = EntryKind::Rack;
+    std::int32_t slot = 0;
+    EntryFault fault;
+};
+
 // What an edit gave: the entry it made, or the message that refused it.
 struct EditResult {
     CustrackEntry* entry = nullptr;
@@ -93,8 +107,19 @@ class CustrackEntries {
     // The listed entry of a section name ("rack_1003" too); nullptr when none.
     CustrackEntry* Find(std::string_view section);
 
-    // The entry's verdict: "ok", its fault, or why the loader does not reach it.
+    // The entry's verdict: "ok", its fault, or why the loader does not reach it (a faulty
+    // entry or a damaged key of "[INDEX]" before it).
     std::string Verdict(const CustrackEntry& entry) const;
+
+    // The damaged keys of the list of `kind` in "[INDEX]", in list order. An entry a damaged
+    // key hides cannot be read, so a list with one is never rewritten: New, Copy and Delete of
+    // its kind are refused (and Delete of a rack while the trays' list is damaged).
+    std::vector<IndexFault> IndexFaults(EntryKind kind) const;
+    // "[INDEX] Rack_Num=\"abc\" (accepted: ...)" for the first damaged key of the list; "" when
+    // the list is whole.
+    std::string IndexDamage(EntryKind kind) const;
+    // Why the list of `kind` is not changed, naming its first damaged key; "" when it is whole.
+    std::string ListRefusal(EntryKind kind) const;
 
     // Sets a key to a text as a box of the editor takes it: a number is read leniently and
     // rounded, then checked against its range (and a vial count against the product of both);
@@ -115,8 +140,11 @@ class CustrackEntries {
     const CustrackEntry* FirstFaultyEdit(std::string* message) const;
 
     // Writes custrack.ini once: the deleted sections removed, the changed keys of the edited
-    // entries, the lists of "[INDEX]" when entries were added or deleted. False when the file
-    // could not be written (reported to platform::Failures()).
+    // entries, the lists of "[INDEX]" when entries were added or deleted. Before the file, each
+    // changed key is recorded in the audit log as "field-changed" ("RACK_1005 VIAL_X_NUM", old
+    // and new text; "" for a key created or removed). False, with nothing written, when the
+    // audit log cannot record them; false when the file could not be written (both reported to
+    // platform::Failures()).
     bool Write() const;
 
     // The custom tables as the entries stand now (every listed entry in its slot), for the
@@ -131,10 +159,15 @@ class CustrackEntries {
     std::string NameRefusal(const CustrackEntry& entry, std::string_view name) const;
     std::string DefaultRackRefusal(std::string_view key, std::int32_t rack) const;
     std::string InUse(const CustrackEntry& entry) const;
+    const IndexFault* FirstIndexFault(EntryKind kind) const;
+    void ReadList(EntryKind kind);
     bool ListChanged(EntryKind kind) const;
+    // Whether a write removes the section of `entry` (another entry of its id deleted).
+    bool SectionRemoved(const CustrackEntry& entry) const;
     CustrackEntry& Append(CustrackEntry entry);
 
-    std::list<CustrackEntry> entries_;  // in list order; addresses stay while entries are added
+    std::list<CustrackEntry> entries_;     // in list order; addresses stay while entries are added
+    std::vector<IndexFault> indexFaults_;  // of both lists, each in list order
     // "[CURRENT]": the fitted tray and the racks at its positions, as the file holds them.
     std::int32_t currentTray_ = kNoId;
     std::vector<std::pair<std::string, std::int32_t>> currentRacks_;  // key, rack id

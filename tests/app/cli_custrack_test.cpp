@@ -165,6 +165,75 @@ TEST_F(CliCustrackTest, ADryRunPrintsTheDiffAndWritesNothing) {
     EXPECT_EQ(File(), kFile);
 }
 
+TEST_F(CliCustrackTest, ADamagedListIsNamedAndNoChangeRewritesIt) {
+    const std::string idRange = "(accepted: 1000..1099)";
+    const struct {
+        std::string from, to;  // in the file
+        std::string listed;    // the racks' lines of the list
+        std::string damage;
+    } cases[] = {
+        {"Rack_Num=3", "Rack_Num=abc",
+         "INDEX\tRack_Num=\"abc\" (accepted: a number up to 1000)\t\n",
+         "[INDEX] Rack_Num=\"abc\" (accepted: a number up to 1000)"},
+        {"Rack2_ID=1001", "Rack2_ID=x2",
+         "INDEX\tRack2_ID=\"x2\" " + idRange +
+             "\t\nRACK_1000\tok\tShort\nRACK_1002\tVIAL_Y_NUM=\"50\" (accepted: VIAL_X_NUM "
+             "times VIAL_Y_NUM at most 999)\tMicro\n",
+         "[INDEX] Rack2_ID=\"x2\" " + idRange},
+        {"Rack3_ID=1002", "Rack3_ID=5",
+         "INDEX\tRack3_ID=\"5\" " + idRange + "\t\nRACK_1000\tok\tShort\nRACK_1001\tok\tLong\n",
+         "[INDEX] Rack3_ID=\"5\" " + idRange},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.to);
+        std::string file = kFile;
+        file.replace(file.find(c.from), c.from.size(), c.to);
+        support::WriteBytes(Custrack(), file);
+        const CliResult list = Run({"list"});
+        EXPECT_EQ(list.exit, 0) << list.err;
+        EXPECT_EQ(list.out, "TRAY_1000\tok\tTwo racks\n" + c.listed);
+        const std::string refusal =
+            "lumacfg-cli: The rack list of custrack.ini is damaged: " + c.damage +
+            ". Entries it names may be missing; New, Copy and Delete of "
+            "racks are refused until it is repaired in the file.\n";
+        for (const std::vector<std::string>& args :
+             {std::vector<std::string>{"--dry-run", "new", "rack"},
+              {"copy", "RACK_1000"},
+              {"delete", "RACK_1000"}}) {
+            if (args[1] == "RACK_1000" && c.listed.find("RACK_1000") == std::string::npos) continue;
+            const CliResult edit = Run(args);
+            EXPECT_EQ(edit.exit, 1) << args[0];
+            EXPECT_EQ(edit.out, "");
+            EXPECT_EQ(edit.err, refusal);
+        }
+        EXPECT_EQ(File(), file);
+    }
+}
+
+TEST_F(CliCustrackTest, EveryChangeIsAuditedAndAnUnrecordedOneIsNotWritten) {
+    const CliResult made = Run({"new", "rack", "VIAL_X_NUM=6"});
+    EXPECT_EQ(made.exit, 0) << made.err;
+    const std::string log = support::ReadBytes(root_ / "audit.log").value_or("");
+    for (const std::string field : {"INDEX Rack_Num\",\"old\":\"3\",\"new\":\"4",
+                                    "RACK_1003 VIAL_X_NUM\",\"old\":\"\",\"new\":\"6",
+                                    "INDEX Rack4_ID\",\"old\":\"\",\"new\":\"1003"})
+        EXPECT_NE(log.find("\"field\":\"" + field + "\""), std::string::npos) << log;
+
+    // The section of a new entry is printed only once it is written.
+    const std::string before = File();
+    const std::string unwritable = (root_ / "no-such-folder" / "audit.log").string();
+    support::ScopedEnv audit("LUMACFG_AUDIT_LOG", unwritable);
+    for (const std::vector<std::string>& args : {std::vector<std::string>{"new", "rack"},
+                                                 {"copy", "RACK_1000"},
+                                                 {"delete", "RACK_1002"}}) {
+        const CliResult result = Run(args);
+        EXPECT_EQ(result.exit, 4) << args[0];
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err.find(unwritable), std::string::npos) << result.err;
+        EXPECT_EQ(File(), before);
+    }
+}
+
 TEST_F(CliCustrackTest, AFileThatCannotBeReadExitsFour) {
     std::filesystem::remove(Custrack());
     std::filesystem::create_directory(Custrack());

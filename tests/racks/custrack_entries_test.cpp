@@ -2,6 +2,10 @@
 // entries, the deletions refused, and what writing changes in the file (and keeps).
 #include "racks/custrack_entries.h"
 
+#include <array>
+#include <sstream>
+
+#include "base/json_line.h"
 #include "racks/custrack_fixture.h"
 
 namespace lumacfg {
@@ -186,7 +190,9 @@ TEST_F(CustrackEntriesTest, AnEntryInUseIsNotDeleted) {
 }
 
 TEST_F(CustrackEntriesTest, WritingChangesOnlyTheEditedKeysAndKeepsTheListDense) {
-    const std::string original = Tables() + Ini("[CURRENT];CUSTOMTRAY=0;TRAY_ID=0");
+    // The comment and blank line before "[RACK_1001]" are its own: they stay when 1000 goes.
+    std::string original = Tables() + Ini("[CURRENT];CUSTOMTRAY=0;TRAY_ID=0");
+    original.insert(original.find("[RACK_1001]"), "\r\n; the next rack\r\n");
     const struct {
         std::string name;
         void (*edit)(CustrackEntries&);
@@ -205,6 +211,15 @@ TEST_F(CustrackEntriesTest, WritingChangesOnlyTheEditedKeysAndKeepsTheListDense)
          {{"Rack_Num=3\r\nRack1_ID=1000\r\nRack2_ID=1001\r\nRack3_ID=1002\r\n",
            "Rack_Num=2\r\nRack1_ID=1001\r\nRack2_ID=1002\r\n"},
           {Rack(1000), ""}}},
+        {"a rack deleted and its id taken anew: every key written again",
+         [](CustrackEntries& e) {
+             (void)e.Delete(*e.Find("RACK_1000"));
+             (void)e.SetValue(*e.Copy(*e.Find("RACK_1001")).entry, "ID_STR", "Rack 1000");
+         },
+         {{"Rack1_ID=1000\r\nRack2_ID=1001\r\nRack3_ID=1002",
+           "Rack1_ID=1001\r\nRack2_ID=1002\r\nRack3_ID=1000"},
+          {Rack(1000), ""},
+          {"TRAY_ID=0\r\n", "TRAY_ID=0\r\n" + Rack(1000)}}},
         {"a tray copied",
          [](CustrackEntries& e) { (void)e.Copy(*e.Find("TRAY_1001")); },
          {{"Tray_Num=2\r\nTray1_ID=1000\r\nTray2_ID=1001\r\n",
@@ -230,6 +245,109 @@ TEST_F(CustrackEntriesTest, WritingChangesOnlyTheEditedKeysAndKeepsTheListDense)
         }
         EXPECT_EQ(Read(), expected);
     }
+}
+
+// A list of "[INDEX]" with a damaged key is named, its entries still shown; no change rewrites
+// it, so no entry it names is dropped from it.
+TEST_F(CustrackEntriesTest, ADamagedListIsNamedAndNeverRewritten) {
+    const std::vector<std::string> afterSlot2 = {
+        "RACK_1000: ok", "RACK_1002: not loaded: [INDEX] Rack2_ID before it fails"};
+    const struct {
+        std::string from, to;  // in the file
+        std::string damage;
+        std::vector<std::string> verdicts;  // of the racks listed
+    } cases[] = {
+        {"Rack_Num=3", "Rack_Num=abc", "Rack_Num=\"abc\" (accepted: a number up to 1000)", {}},
+        {"Rack2_ID=1001", "Rack2_ID=x2", "Rack2_ID=\"x2\" (accepted: 1000..1099)", afterSlot2},
+        {"Rack2_ID=1001", "Rack2_ID=5", "Rack2_ID=\"5\" (accepted: 1000..1099)", afterSlot2},
+        {"Rack2_ID=1001\r\n", "", "Rack2_ID missing (accepted: 1000..1099)", afterSlot2},
+        // Beyond the keys read: the loader reads the first three, then misses Rack4_ID.
+        {"Rack_Num=3",
+         "Rack_Num=1001",
+         "Rack4_ID missing (accepted: 1000..1099)",
+         {"RACK_1000: ok", "RACK_1001: ok", "RACK_1002: ok"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.to);
+        std::string file = Tables();
+        file.replace(file.find(c.from), c.from.size(), c.to);
+        Write(file);
+        CustrackEntries entries = Entries();
+        EXPECT_EQ(entries.IndexDamage(EntryKind::Rack), "[INDEX] " + c.damage);
+        EXPECT_EQ(entries.IndexDamage(EntryKind::Tray), "");
+        std::vector<std::string> verdicts;
+        for (const CustrackEntry* rack : entries.Listed(EntryKind::Rack))
+            verdicts.push_back(rack->Section() + ": " + entries.Verdict(*rack));
+        EXPECT_EQ(verdicts, c.verdicts);
+
+        const std::string refusal = "The rack list of custrack.ini is damaged: [INDEX] " +
+                                    c.damage +
+                                    ". Entries it names may be missing; New, Copy and Delete of "
+                                    "racks are refused until it is repaired in the file.";
+        EXPECT_EQ(entries.New(EntryKind::Rack).refusal, refusal);
+        if (!c.verdicts.empty()) {
+            CustrackEntry& first = *entries.Listed(EntryKind::Rack).front();
+            EXPECT_EQ(entries.Copy(first).refusal, refusal);
+            EXPECT_EQ(entries.Delete(first), refusal);
+            // A value of a listed rack is written in its own section; the list stays.
+            ASSERT_EQ(entries.SetValue(first, "VIAL_DEPTH", "60"), "");
+        }
+        // The trays' list is whole: a new tray is written, the racks' keys as they stand.
+        ASSERT_NE(entries.New(EntryKind::Tray).entry, nullptr);
+        ASSERT_TRUE(entries.Write());
+        const std::size_t racks = file.find("Rack_Num");
+        EXPECT_NE(Read().find(file.substr(racks, file.find("OWNER") - racks)), std::string::npos);
+        EXPECT_EQ(Read().find("VIAL_DEPTH=60") != std::string::npos, !c.verdicts.empty());
+    }
+
+    // A rack a hidden tray may name is not deleted either.
+    std::string file = Tables();
+    file.replace(file.find("Tray2_ID=1001"), 13, "Tray2_ID=x");
+    Write(file);
+    CustrackEntries entries = Entries();
+    EXPECT_EQ(entries.Delete(*entries.Find("RACK_1000")),
+              "RACK_1000 \"Rack 1000\" may be in use by a tray the damaged list hides: [INDEX] "
+              "Tray2_ID=\"x\" (accepted: 1000..1099).");
+}
+
+TEST_F(CustrackEntriesTest, EveryChangedKeyIsRecordedInTheAuditLogFirst) {
+    const std::string log = (dir_ / "audit.log").string();
+    support::ScopedEnv logEnv("LUMACFG_AUDIT_LOG", log);
+    Write(Tables());
+    CustrackEntries entries = Entries();
+    ASSERT_EQ(entries.SetValue(*entries.Find("RACK_1001"), "VIAL_X_NUM", "11"), "");
+    ASSERT_EQ(entries.Delete(*entries.Find("RACK_1000")), "");
+    ASSERT_TRUE(entries.Write());
+    // Field, old, new.
+    const std::vector<std::array<std::string, 3>> expected = {
+        {"RACK_1000 ID", "1000", ""},        {"RACK_1000 ID_STR", "Rack 1000", ""},
+        {"RACK_1000 VIAL_X_NUM", "10", ""},  {"RACK_1000 VIAL_Y_NUM", "5", ""},
+        {"RACK_1000 VIAL_X_ORG", "100", ""}, {"RACK_1000 VIAL_Y_ORG", "200", ""},
+        {"RACK_1000 VIAL_X_DIST", "30", ""}, {"RACK_1000 VIAL_Y_DIST", "40", ""},
+        {"RACK_1000 VIAL_DEPTH", "50", ""},  {"RACK_1001 VIAL_X_NUM", "10", "11"},
+        {"INDEX Rack_Num", "3", "2"},        {"INDEX Rack1_ID", "1000", "1001"},
+        {"INDEX Rack2_ID", "1001", "1002"},  {"INDEX Rack3_ID", "1002", ""},
+    };
+    std::vector<std::array<std::string, 3>> recorded;
+    std::istringstream lines(support::ReadBytes(log).value_or(""));
+    for (std::string line; std::getline(lines, line);) {
+        const auto members = ParseJsonObjectLine(line);
+        ASSERT_TRUE(members.has_value()) << line;
+        EXPECT_EQ(MemberValue(*members, "event"), "field-changed");
+        recorded.push_back({MemberValue(*members, "field").value_or(""),
+                            MemberValue(*members, "old").value_or(""),
+                            MemberValue(*members, "new").value_or("")});
+    }
+    EXPECT_EQ(recorded, expected);
+
+    // A log that cannot be written: nothing is saved.
+    support::ScopedEnv unwritable("LUMACFG_AUDIT_LOG", (dir_ / "none" / "audit.log").string());
+    const std::string before = Read();
+    CustrackEntries again = Entries();
+    ASSERT_NE(again.New(EntryKind::Rack).entry, nullptr);
+    EXPECT_FALSE(again.Write());
+    EXPECT_EQ(Read(), before);
+    EXPECT_FALSE(platform::Failures().Take().empty());
 }
 
 TEST_F(CustrackEntriesTest, WhatTheEditorWritesTheLoaderReads) {

@@ -109,10 +109,14 @@ int Edit(CustrackEntries& entries, const CustrackEdit& edit, std::string& made, 
     return SetValues(entries, *entry, edit.values, err);
 }
 
+// A damaged key of "[INDEX]" is listed as an entry is, before the entries of its list:
+// "INDEX", its fault, no name.
 int List(std::ostream& out, std::ostream& err) {
     const auto entries = CustrackEntries::Read();
     if (entries) {
         for (const EntryKind kind : {EntryKind::Tray, EntryKind::Rack}) {
+            for (const IndexFault& damage : entries->IndexFaults(kind))
+                out << "INDEX\t" << DescribeFault(damage.fault) << "\t\n";
             for (const CustrackEntry* entry : entries->Listed(kind)) {
                 out << entry->Section() << '\t' << entries->Verdict(*entry) << '\t' << entry->Name()
                     << '\n';
@@ -122,7 +126,9 @@ int List(std::ostream& out, std::ostream& err) {
     return WithFailures(kExitOk, platform::Failures().Take(), err);
 }
 
-// The edit held back until it passed, then written, or shown as a diff for a dry run.
+// The edit held back until it passed, then written (the audit log's records first), or shown
+// as a diff for a dry run. A new entry's section is printed once it is written, or with the
+// diff of a dry run.
 int RunEdit(const CustrackEdit& edit, bool dryRun, std::ostream& out, std::ostream& err) {
     int exit = kExitOk;
     std::string made;
@@ -135,17 +141,19 @@ int RunEdit(const CustrackEdit& edit, bool dryRun, std::ostream& out, std::ostre
                 (void)entries->Write();
                 if (dryRun) {
                     previews = held.Preview();
-                } else {
-                    held.Commit();
+                } else if (!held.Commit()) {
+                    exit = kExitFileFailed;
                 }
             }
         }
     }
-    if (exit == kExitOk && !made.empty()) out << made << '\n';
+    exit = WithFailures(exit, platform::Failures().Take(), err);
+    if (exit != kExitOk) return exit;
+    if (!made.empty()) out << made << '\n';
     for (const FilePreview& preview : previews) {
         out << UnifiedDiff(preview.path, preview.before, preview.after);
     }
-    return WithFailures(exit, platform::Failures().Take(), err);
+    return exit;
 }
 
 }  // namespace

@@ -353,6 +353,8 @@ std::unique_ptr<CustomEntriesDialog> OpenCustomEntries(EntryKind kind) {
         ShowError(FailureLines());
         return nullptr;
     }
+    // A damaged list is named before its entries are shown: some it names may be missing.
+    if (const std::string damage = entries->ListRefusal(kind); !damage.empty()) ShowError(damage);
     return std::make_unique<CustomEntriesDialog>(kind, std::move(*entries));
 }
 

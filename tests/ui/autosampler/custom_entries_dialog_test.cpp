@@ -151,6 +151,30 @@ TEST_F(CustomEntriesDialogTest, NewCopyAndDeleteAndOkWritesOnce) {
     EXPECT_NE(file.find("[RACK_1004]\r\nID=1004\r\nID_STR=Odd (copy)\r\n"), std::string::npos);
 }
 
+TEST_F(CustomEntriesDialogTest, ADamagedListIsNamedOnOpeningAndNotRewritten) {
+    std::string file = kFile;
+    file.replace(file.find("Rack2_ID=1001"), 13, "Rack2_ID=x2");
+    support::WriteBytes(File(), file);
+    const std::string message =
+        "The rack list of custrack.ini is damaged: [INDEX] Rack2_ID=\"x2\" (accepted: "
+        "1000..1099). Entries it names may be missing; New, Copy and Delete of racks are refused "
+        "until it is repaired in the file.";
+    auto racks = Open(EntryKind::Rack);
+    EXPECT_EQ(Shown(), (std::vector<std::string>{message}));
+    EXPECT_EQ(Of(*racks, "lstEntries").items,
+              (std::vector<std::string>{"Short (1000): ok",
+                                        "Odd (1002): VIAL_Y_NUM missing (accepted: 1..999)"}));
+    for (const char* button : {"btnNew", "btnCopy", "btnDelete"}) {
+        racks->Click(button);
+        EXPECT_EQ(Shown(), (std::vector<std::string>{message, message})) << button;
+        EXPECT_EQ(racks->TakeFocusRequest(), "lstEntries");
+        messages_.pop_back();
+    }
+    racks->Click("btnOK");
+    EXPECT_EQ(racks->End(), DialogEnd::Accepted);
+    EXPECT_EQ(Read(), file);
+}
+
 TEST_F(CustomEntriesDialogTest, OkRefusesAnEditedEntryThatDoesNotLoad) {
     support::WriteBytes(File(), kFile + "[TRAY_1001]\r\nID_STR=Broken\r\nRACK_X_NUM=2\r\n");
     std::string file = Read();
