@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/audit_chain.h"
+#include "platform/logon.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
 #include "support/scoped_env.h"
@@ -124,6 +125,27 @@ TEST_F(AuditLogTest, AnAppendThatFailsPartWayLeavesTheLogAsItWas) {
     const ChainCheck check = CheckChain(LogText());
     EXPECT_EQ(check.brokenLine, 0) << check.reason;
     EXPECT_EQ(check.records, 2);
+}
+
+// The session's logon (the demo's) is recorded like the system's, naming the user and that it
+// was the session's; when the log cannot be written, nobody is logged on and no group is left.
+TEST_F(AuditLogTest, TheSessionLogonIsRecorded) {
+    const std::filesystem::path programDir = temp_.Path() / "LUMAEXE";
+    std::filesystem::create_directories(programDir);
+    const std::string unwritable = (temp_.Path() / "missing" / "audit.log").string();
+    const std::pair<std::string, int> cases[] = {{logPath_, 0}, {unwritable, 1}};
+    for (const auto& [log, answer] : cases) {
+        ScopedEnv logEnv("LUMACFG_AUDIT_LOG", log);
+        std::filesystem::remove(programDir / "lumagen.ist");
+        EXPECT_EQ(MakeLogonService()->Logon(0, "LUMACFG"), answer) << log;
+        EXPECT_EQ(std::filesystem::exists(programDir / "lumagen.ist"), answer == 0) << log;
+        EXPECT_TRUE(Failures().Take().empty()) << log;  // a failure is told, not left behind
+    }
+    const std::vector<JsonMembers> records = AuditRecords(LogText());
+    ASSERT_EQ(records.size(), 1);
+    EXPECT_EQ(MemberValue(records[0], "event"), "logon");
+    EXPECT_EQ(MemberValue(records[0], "name"), DesktopUser());
+    EXPECT_EQ(MemberValue(records[0], "method"), "session");
 }
 
 TEST_F(AuditLogTest, ALogThatCannotBeWrittenIsReportedWithItsPath) {
