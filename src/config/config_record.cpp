@@ -146,8 +146,7 @@ void ComposeLinkString(int link) {
     }
 }
 
-void ParseInhibitMasses(std::string_view text) {
-    ConfigRecord& record = Config();
+void ParseInhibitMasses(std::string_view text, ConfigRecord& record) {
     record.INHIBIT_MASS.fill(0);
     if (text.empty() || text.ends_with("error")) return;
     std::size_t position = 0;
@@ -160,6 +159,16 @@ void ParseInhibitMasses(std::string_view text) {
         }
         position = blank + 1;
     }
+}
+
+std::string InhibitMassesText(const ConfigRecord& record) {
+    std::string masses;
+    for (int i = 0; i < kInhibitCount - 1; ++i) {
+        if (record.INHIBIT_MASS[i] <= 1) continue;
+        if (!masses.empty()) masses += ' ';
+        masses += IntText(record.INHIBIT_MASS[i]);
+    }
+    return masses;
 }
 
 void AddDevice(std::string_view name) {
@@ -198,7 +207,7 @@ void SetDefaults() {
     record.PRO_SCAN = 1;
     record.LAN_IPADDR = "192.168.1.128";
     record.NotRepRemote = 0;
-    ParseInhibitMasses(kDefaultInhibit);
+    ParseInhibitMasses(kDefaultInhibit, record);
     SetDefaultLinksAndDevices(record);
     SetDefaultRacks(record.ALS_TYPE);
     record.QCMDPATH = record.ROOT_PATH + "\\1\\QCMODE\\";

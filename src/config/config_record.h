@@ -118,8 +118,12 @@ void SetDefaultRacks(Int16 alsType);
 // The stored text of link i (0-based) composed from its kind; other kinds keep their text.
 void ComposeLinkString(int link);
 
-// Parses the text of "_INHIBIT" into INHIBIT_MASS.
-void ParseInhibitMasses(std::string_view text);
+// Parses the text of "_INHIBIT" into the record's INHIBIT_MASS.
+void ParseInhibitMasses(std::string_view text, ConfigRecord& record);
+
+// The text of "_INHIBIT" that stores the record's INHIBIT_MASS: the masses above 1 among all
+// but the last entry, in the order held, separated by blanks.
+std::string InhibitMassesText(const ConfigRecord& record);
 
 // Adds a device of that name to the first free entry, with the link it needs.
 void AddDevice(std::string_view name);

@@ -225,7 +225,7 @@ void LoadConfiguration() {
     ReadInto("NotRepRemote", record.NotRepRemote);
     ReadOr("SI_TYPE", record.SI_TYPE, 0);
     ReadOr("ALS_TYPE", record.ALS_TYPE, 0);
-    ParseInhibitMasses(ReadSingleValue(kSection, "_INHIBIT").value_or(""));
+    ParseInhibitMasses(ReadSingleValue(kSection, "_INHIBIT").value_or(""), record);
     LoadLinks(record);
     LoadDevices(record);
     LoadRacks(record);

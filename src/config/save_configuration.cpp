@@ -77,16 +77,6 @@ void SaveIdentityAndAutosampler(const ConfigRecord& record) {
     Write("ALS_ID", record.ALS_TYPE != 0 ? IntText(FindDevice(kAutosamplerDevice)) : std::string{});
 }
 
-void SaveInhibitedMasses(const ConfigRecord& record) {
-    std::string masses;
-    for (int i = 0; i < kInhibitCount - 1; ++i) {
-        if (record.INHIBIT_MASS[i] <= 1) continue;
-        if (!masses.empty()) masses += ' ';
-        masses += IntText(record.INHIBIT_MASS[i]);
-    }
-    Write("_INHIBIT", masses);
-}
-
 void SaveLinks() {
     ConfigRecord& record = Config();
     for (int i = 0; i < kLinkCount; ++i) {
@@ -205,7 +195,7 @@ void SaveConfiguration() {
     StationBatch batch;  // "lumagen.ist" and the registry store written once each
     ConfigRecord& record = Config();
     SaveIdentityAndAutosampler(record);
-    SaveInhibitedMasses(record);
+    Write("_INHIBIT", InhibitMassesText(record));
     SaveLinks();
     SaveDevices(record);
     SaveRacks(record);

@@ -107,12 +107,16 @@ std::optional<bool> PublishedSecurity() {
     return state == 1 || state == -1;  // the third state is taken as on at every start
 }
 
-// A change of the security state is one record of the security library's audit trail, made
-// before the configuration that carries it is written. False when it could not be recorded.
+// A change of the security state is told to the security library before the configuration
+// that carries it is written: security set or reset, then the flag's change. False when it
+// could not be recorded.
 bool ReportSecurityChange(std::optional<bool> published, const ConfigRecord& record) {
     const bool on = record.SECURITY == 1;
     if (!published || *published == on) return true;
-    return platform::Security().LogSecurityFlagChange(on ? "_SECURITY 0 -> 1" : "_SECURITY 1 -> 0");
+    platform::SecurityLibrary& security = platform::Security();
+    if (on)
+        return security.SetConfigSecurity() && security.LogSecurityFlagChange("_SECURITY 0 -> 1");
+    return security.ResetConfigSecurity() && security.LogSecurityFlagChange("_SECURITY 1 -> 0");
 }
 
 // The save's changes recorded in the audit log before any file is written; false (the

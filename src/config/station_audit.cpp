@@ -17,6 +17,14 @@ ConfigRecord& Loaded() {
     return loaded;
 }
 
+// The record as the next start loads it back from what a save writes: the fields whose stored
+// form is not the record's own put in that form (the inhibited masses: those above 1, first, in
+// the order held; the window keeps them sorted with the empty entries first).
+ConfigRecord AsStored(ConfigRecord record) {
+    ParseInhibitMasses(InhibitMassesText(record), record);
+    return record;
+}
+
 }  // namespace
 
 void RememberStationAsLoaded(const ConfigRecord& record) {
@@ -29,7 +37,8 @@ const ConfigRecord& StationAsLoaded() {
 
 std::vector<platform::AuditEvent> FieldChanges(const ConfigRecord& before,
                                                const ConfigRecord& after) {
-    ConfigRecord old = before, now = after;  // the field list points into a record it may change
+    // The field lists point into records of their own; the old one is as start-up loaded it.
+    ConfigRecord old = before, now = AsStored(after);
     const std::vector<RecordField> oldFields = RecordFields(old);
     const std::vector<RecordField> newFields = RecordFields(now);
     std::vector<platform::AuditEvent> events;

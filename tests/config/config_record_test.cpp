@@ -75,7 +75,7 @@ TEST_F(ConfigRecordTest, InhibitedMassesParse) {
         {"200 ", {200}},
     };
     for (const auto& [text, masses] : cases) {
-        ParseInhibitMasses(text);
+        ParseInhibitMasses(text, Config());
         EXPECT_EQ(Config().INHIBIT_MASS, masses) << '"' << text << '"';
     }
 }

@@ -228,9 +228,9 @@ TEST_F(StartUpTest, AChangedSecurityStateIsAuditedWhenItIsWritten) {
     const std::tuple<Int16, Int16, std::vector<std::string>> closes[] = {
         {1, 1, {}},
         {0, 0, {}},
-        {0, 1, {"_SECURITY 1 -> 0"}},
+        {0, 1, {"ResetConfigSecurity", "_SECURITY 1 -> 0"}},
         {0, 1, {}},
-        {1, 1, {"_SECURITY 0 -> 1"}},
+        {1, 1, {"SetConfigSecurity", "_SECURITY 0 -> 1"}},
     };
     for (const auto& [security, saved, lines] : closes) {
         audit.clear();

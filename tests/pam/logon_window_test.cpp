@@ -71,6 +71,7 @@ TEST_F(LogonWindowTest, EachWayThroughTheWindowEndsAndIsRecorded) {
          {"a", "b", "c"},
          DialogEnd::Cancelled,
          {"logon-failed " + me, "logon-failed " + me, "logon-failed " + me}},
+        {"Cancel first", "", {kCancel}, DialogEnd::Cancelled, {"logon-cancelled " + me}},
         {"wrong, then Cancel",
          "",
          {"a", kCancel},

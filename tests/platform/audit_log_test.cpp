@@ -1,7 +1,10 @@
 // The audit log on the disk: what each record names, appends by several programs at once that
-// keep the chain whole, and a log that cannot be written.
+// keep the chain whole, a log that cannot be written, and one whose disk fills part-way.
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include <gtest/gtest.h>
 
@@ -11,6 +14,7 @@
 #include <vector>
 
 #include "base/audit_chain.h"
+#include "platform/logon.h"
 #include "platform/posix/backends.h"
 #include "platform/services.h"
 #include "support/scoped_env.h"
@@ -91,6 +95,57 @@ TEST_F(AuditLogTest, ProgramsAppendingAtOnceNeverBreakTheChain) {
     const ChainCheck check = CheckChain(LogText());
     EXPECT_EQ(check.brokenLine, 0) << check.reason;
     EXPECT_EQ(check.records, kWriters * kAppends * kEventsPerAppend);
+}
+
+// A child process whose files may not grow past `limit` bytes (the write stops part-way, as on
+// a full disk) appends one long record: the append fails with the reason reported, and the log
+// keeps only what it held before.
+TEST_F(AuditLogTest, AnAppendThatFailsPartWayLeavesTheLogAsItWas) {
+    ASSERT_TRUE(MakeAuditLog()->Append({{"logon", {}}}));
+    const std::string before = LogText();
+    const pid_t pid = ::fork();
+    ASSERT_GE(pid, 0);
+    if (pid == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlim_t limit = before.size() + 100;
+        const rlimit small{limit, limit};
+        if (::setrlimit(RLIMIT_FSIZE, &small) != 0) ::_exit(2);
+        const bool appended =
+            MakeAuditLog()->Append({{"security-flag-change", {{"text", std::string(4000, 'x')}}}});
+        const bool reported =
+            Failures().Take() ==
+            std::vector<FileFailure>{{FileOperation::Write, logPath_, "File too large"}};
+        ::_exit(!appended && reported ? 0 : 1);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(pid, &status, 0), pid);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
+    EXPECT_EQ(LogText(), before);
+    ASSERT_TRUE(MakeAuditLog()->Append({{"logon", {}}}));
+    const ChainCheck check = CheckChain(LogText());
+    EXPECT_EQ(check.brokenLine, 0) << check.reason;
+    EXPECT_EQ(check.records, 2);
+}
+
+// The session's logon (the demo's) is recorded like the system's, naming the user and that it
+// was the session's; when the log cannot be written, nobody is logged on and no group is left.
+TEST_F(AuditLogTest, TheSessionLogonIsRecorded) {
+    const std::filesystem::path programDir = temp_.Path() / "LUMAEXE";
+    std::filesystem::create_directories(programDir);
+    const std::string unwritable = (temp_.Path() / "missing" / "audit.log").string();
+    const std::pair<std::string, int> cases[] = {{logPath_, 0}, {unwritable, 1}};
+    for (const auto& [log, answer] : cases) {
+        ScopedEnv logEnv("LUMACFG_AUDIT_LOG", log);
+        std::filesystem::remove(programDir / "lumagen.ist");
+        EXPECT_EQ(MakeLogonService()->Logon(0, "LUMACFG"), answer) << log;
+        EXPECT_EQ(std::filesystem::exists(programDir / "lumagen.ist"), answer == 0) << log;
+        EXPECT_TRUE(Failures().Take().empty()) << log;  // a failure is told, not left behind
+    }
+    const std::vector<JsonMembers> records = AuditRecords(LogText());
+    ASSERT_EQ(records.size(), 1);
+    EXPECT_EQ(MemberValue(records[0], "event"), "logon");
+    EXPECT_EQ(MemberValue(records[0], "name"), DesktopUser());
+    EXPECT_EQ(MemberValue(records[0], "method"), "session");
 }
 
 TEST_F(AuditLogTest, ALogThatCannotBeWrittenIsReportedWithItsPath) {

@@ -20,26 +20,43 @@ std::optional<std::string> ReadLog(const std::string& path) {
     return bytes;
 }
 
+std::string RecordCount(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " record" : " records");
+}
+
 int Verify(const std::string& path, std::string_view log, std::ostream& out) {
     const ChainCheck check = CheckChain(log);
     if (check.brokenLine == 0) {
-        out << check.records << " records, chain intact\n";
+        out << RecordCount(check.records) << ", chain intact\n";
         return kExitOk;
     }
     out << path << ": line " << check.brokenLine << " breaks the chain (" << check.reason << "); "
-        << check.records << " records intact before it\n";
+        << RecordCount(check.records) << " intact before it\n";
     return kExitRefused;
 }
 
-// One row of the table: time, user, what (the field, or the event), and old → new (or the
-// event's text).
+// One row of the table: time, user, what (the field; the file, section and key; or the event),
+// and old → new (or the event's text). A value that was not there, or a key or section deleted,
+// shows as "(none)".
 std::array<std::string, 4> Row(const JsonMembers& record) {
     auto member = [&](std::string_view name) { return MemberValue(record, name).value_or(""); };
-    if (member("event") == "field-changed") {
+    auto value = [&](std::string_view name) {
+        return MemberValue(record, name).value_or("(none)");
+    };
+    const std::string event = member("event");
+    if (event == "field-changed") {
         return {member("time"), member("user"), member("field"),
                 member("old") + " \u2192 " + member("new")};
     }
-    return {member("time"), member("user"), member("event"), member("text")};
+    if (event == "profile-changed") {
+        const std::string where = member("file") + " [" + member("section") + "]";
+        if (!MemberValue(record, "key")) {
+            return {member("time"), member("user"), where, "section \u2192 (none)"};
+        }
+        return {member("time"), member("user"), where + " " + member("key"),
+                value("old") + " \u2192 " + value("new")};
+    }
+    return {member("time"), member("user"), event, member("text")};
 }
 
 // Columns as wide as their widest text in characters (the texts are UTF-8).

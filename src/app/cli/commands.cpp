@@ -56,23 +56,65 @@ int InOneBatch(const std::function<int()>& command, std::ostream& err) {
     return WithFailures(exit, platform::Failures().Take(), err);
 }
 
-// profile get|set|delete: one call of the profile engine.
+constexpr std::size_t kWholeValue = std::numeric_limits<std::size_t>::max();
+
+// A key's value as `profile get` prints it; nullopt when the file, section or key is not there
+// (a missing key answers each of two defaults with itself).
+std::optional<std::string> StoredValue(std::string_view file, std::string_view section,
+                                       std::string_view key) {
+    auto& profiles = platform::Profiles();
+    platform::ProfileRead read = profiles.GetString(file, section, key, "0", kWholeValue);
+    if (read.text == "0" && profiles.GetString(file, section, key, "1", kWholeValue).text == "1") {
+        return std::nullopt;
+    }
+    return std::move(read.text);
+}
+
+// A change `profile set|delete` is about to make, recorded in the audit log before the file is
+// written: the file, the section, the key (none: the whole section deleted), the value before
+// (none: the key was not there) and after (none: the key deleted). A change that changes
+// nothing is not recorded. False when the log cannot be written (the failure reported).
+bool RecordProfileChange(std::string_view file, std::string_view section,
+                         std::optional<std::string_view> key,
+                         std::optional<std::string_view> value) {
+    JsonMembers details = {{"file", platform::HostPath(file)}, {"section", std::string(section)}};
+    if (!key) {
+        if (platform::Profiles().SectionCount(file, section) == 0) return true;
+    } else {
+        const std::optional<std::string> old = StoredValue(file, section, *key);
+        if (old == value) return true;
+        details.emplace_back("key", std::string(*key));
+        if (old) details.emplace_back("old", *old);
+        if (value) details.emplace_back("new", std::string(*value));
+    }
+    return platform::Audit().Append({{"profile-changed", std::move(details)}});
+}
+
+// One write of the profile engine, recorded in the audit log first; nothing is written when
+// it cannot be recorded.
+void ChangeProfile(std::string_view file, std::string_view section,
+                   std::optional<std::string_view> key, std::optional<std::string_view> value) {
+    if (RecordProfileChange(file, section, key, value)) {
+        platform::Profiles().WriteString(file, section, key, value);
+    }
+}
+
+// profile get|set|delete: one call of the profile engine; a set or delete recorded first.
 int RunProfile(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
     if (args.size() < 2) return Usage(err);
     const std::string& verb = args[1];
     const std::size_t count = args.size();
-    auto& profiles = platform::Profiles();
     if (verb == "get" && (count == 5 || count == 6)) {
         std::string_view defaultText = count == 6 ? std::string_view(args[5]) : std::string_view{};
-        auto read = profiles.GetString(args[2], args[3], args[4], defaultText,
-                                       std::numeric_limits<std::size_t>::max());
+        auto read =
+            platform::Profiles().GetString(args[2], args[3], args[4], defaultText, kWholeValue);
         out << read.text << '\n';
     } else if (verb == "set" && count == 6) {
-        profiles.WriteString(args[2], args[3], args[4], args[5]);
+        ChangeProfile(args[2], args[3], args[4], args[5]);
     } else if (verb == "delete" && (count == 4 || count == 5)) {
         std::optional<std::string_view> key;
         if (count == 5) key = args[4];
-        profiles.WriteString(args[2], args[3], key, std::nullopt);
+        ChangeProfile(args[2], args[3], key, std::nullopt);
     } else {
         return Usage(err);
     }

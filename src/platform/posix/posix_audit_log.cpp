@@ -108,6 +108,17 @@ int OpenLog(const std::string& path) {
     return -1;
 }
 
+// Writes the records and syncs them; when either fails part-way (a full disk), the log is cut
+// back to the length it had, so no partial line is left for every later record to chain to.
+// errno is the failure's.
+bool WriteWhole(int fd, off_t length, std::string_view records) {
+    if (WriteAll(fd, records) && ::fsync(fd) == 0) return true;
+    const int error = errno;
+    if (::ftruncate(fd, length) == 0) ::fsync(fd);
+    errno = error;
+    return false;
+}
+
 class ChainedAuditLog final : public AuditLog {
   public:
     bool Append(const std::vector<AuditEvent>& events) override {
@@ -116,13 +127,17 @@ class ChainedAuditLog final : public AuditLog {
         FileDescriptor log(OpenLog(path));
         std::string tail;
         const bool written = log.get() >= 0 && ::flock(log.get(), LOCK_EX) == 0 &&
-                             ReadTail(log.get(), tail) &&
-                             WriteAll(log.get(), Records(events, tail)) && ::fsync(log.get()) == 0;
+                             ReadTail(log.get(), tail) && Write(log.get(), events, tail);
         if (!written) Failures().Report(FileOperation::Write, path, std::strerror(errno));
         return written;  // closing the log gives up the lock
     }
 
   private:
+    static bool Write(int fd, const std::vector<AuditEvent>& events, std::string_view tail) {
+        struct stat status {};
+        return ::fstat(fd, &status) == 0 && WriteWhole(fd, status.st_size, Records(events, tail));
+    }
+
     static std::string Records(const std::vector<AuditEvent>& events, std::string_view tail) {
         const AuditIdentity& identity = Identity();
         const std::string time = UtcTimestamp(), host = HostName(), station = ProgramDirectory();

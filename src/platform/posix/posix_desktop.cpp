@@ -43,11 +43,18 @@ std::string PrimaryGroupName() {
     return {};
 }
 
-// The desktop session's user is logged on; the user's primary group is left in the station
-// profile as "GroupName", where the group test reads it.
+// The desktop session's user is logged on without being asked, recorded in the audit log as a
+// "logon" of the session; the user's primary group is left in the station profile as
+// "GroupName", where the group test reads it. A logon that cannot be recorded logs nobody on.
 class SessionLogon final : public LogonService {
   public:
     int Logon(std::uintptr_t, std::string_view) override {
+        if (!Audit().Append({{"logon", {{"name", DesktopUser()}, {"method", "session"}}}})) {
+            for (const FileFailure& failure : Failures().Take()) {
+                std::cerr << Identity().program << ": " << Describe(failure) << '\n';
+            }
+            return 1;
+        }
         LeaveLoggedOnGroup(PrimaryGroupName());
         return 0;
     }
