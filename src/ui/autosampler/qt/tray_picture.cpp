@@ -1,5 +1,6 @@
 #include "ui/autosampler/qt/tray_picture.h"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -61,9 +63,9 @@ double BottleRadius(const TrayPlan& plan) {
     return std::max(pitch * 0.35, 40.0);
 }
 
-QString Shown(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return FromAnsi(text);
+// A misfit's reason, OK's own message, in the language shown and on one line.
+QString ReasonShown(const std::string& reason) {
+    return Translated(FromAnsi(reason)).replace(u'\n', u' ');
 }
 
 // What a position holds and the model's verdict on it, as it is said and written.
@@ -78,7 +80,7 @@ QString PositionText(const TrayPlan& plan, std::size_t index) {
                        .arg(rack);
     if (!position.reason.empty()) {
         text += QCoreApplication::translate("lumacfg", ", does not fit: %1")
-                    .arg(Shown(position.reason));
+                    .arg(ReasonShown(position.reason));
     }
     return text;
 }
@@ -90,9 +92,27 @@ QString TrayText(const TrayPlan& plan) {
     return parts.join(u'\n');
 }
 
+// Qt reports a widget of its own drawing as a "filler"; the picture says it is a picture.
+QAccessibleInterface* AccessiblePictureOf(const QString& className, QObject* object) {
+    auto* picture = qobject_cast<TrayPicture*>(object);
+    if (picture == nullptr || className != QLatin1String(TrayPicture::staticMetaObject.className()))
+        return nullptr;
+    return new QAccessibleWidget(picture, QAccessible::Graphic);
+}
+
+// Installed before the first picture is asked for its interface (Qt keeps the first one).
+void ReportPicturesAsGraphics() {
+    static const bool installed = [] {
+        QAccessible::installFactory(&AccessiblePictureOf);
+        return true;
+    }();
+    (void)installed;
+}
+
 }  // namespace
 
 TrayPicture::TrayPicture(QWidget* parent) : QWidget(parent) {
+    ReportPicturesAsGraphics();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusPolicy(Qt::StrongFocus);
     Describe();
@@ -190,7 +210,8 @@ void TrayPicture::paintEvent(QPaintEvent*) {
     QStringList reasons;
     for (std::size_t i = 0; i < plan_.positions.size(); ++i) {
         if (!plan_.positions[i].reason.empty())
-            reasons << QStringLiteral("%1: %2").arg(i + 1).arg(Shown(plan_.positions[i].reason));
+            reasons << QStringLiteral("%1: %2").arg(i + 1).arg(
+                ReasonShown(plan_.positions[i].reason));
     }
     const QString reasonText = reasons.join(u'\n');
     const int reasonHeight = reasons.isEmpty()
