@@ -779,7 +779,7 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     </message>
     <message>
       <source>&amp;Instrument#</source>
-      <translation>&amp;Geräte-Nr.</translation>
+      <translation>G&amp;eräte-Nr.</translation>
     </message>
     <message>
       <source>&amp;Miscellaneous...</source>
