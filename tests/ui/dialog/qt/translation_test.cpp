@@ -121,6 +121,7 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
         // A letter chosen anew: the caption's translation keeps it, or adds it.
         {"de", "Save", 'e', "Sp&eichern"},
         {"ja", "Save", 'e', "保存(&E)"},
+        {"ja", "User name:", 'U', "ユーザー名(&U):"},
         // A caption the catalogue does not hold stays, with its letter.
         {"de", "R&D", 'D', "R&&&D"},
         // Composed messages: the template translated, its parts (paths, reasons) as they stand.
