@@ -43,8 +43,8 @@ void NameForScreenReaders(QWidget* root);
 // The name a screen reader says for a widget under `root`, taken from what the window shows,
 // without the "&" that marks a mnemonic and without a closing colon: the name the view set
 // (SetAccessibleName) if any; else the caption of the label that names it (NameAfterCaption) or
-// whose buddy the widget is; else a
-// button's, check box's, option button's or frame's own caption; else none (an empty string).
+// whose buddy the widget is; else a button's, check box's, option button's or frame's own
+// caption; else none (an empty string).
 QString AccessibleNameOf(const QWidget* widget, const QWidget* root);
 
 // A name the view gives a control whose caption is absent or shared with another control of

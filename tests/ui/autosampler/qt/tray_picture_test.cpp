@@ -83,6 +83,14 @@ TEST(TrayPictureTest, ItIsAGraphicAndSaysAMisfitsReasonInTheLanguageShown) {
     ASSERT_EQ(UseLanguage(QLocale(QLocale::German)), "de");
     picture.Show(plan);
     UseLanguage(QLocale());
+    // Over each position its number and its rack; a rack drawn alone has no number.
+    std::vector<QString> captions;
+    for (const TrayPicture::Caption& caption : picture.Captions()) captions.push_back(caption.text);
+    EXPECT_EQ(captions, (std::vector<QString>{"1 R1", "2 R2", "3"}));
+    TrayPicture alone;
+    alone.Show({.trayId = 1, .trayName = "R1", .positions = {Holding(1, "R1")}});
+    ASSERT_EQ(alone.Captions().size(), 1u);
+    EXPECT_EQ(alone.Captions().front().text, "R1");
     EXPECT_EQ(picture.accessibleDescription(),
               "Tray ASX 60\n"
               "Position 1 von 3: R1\n"
