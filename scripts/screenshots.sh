@@ -5,7 +5,7 @@
 # mode and the wait window (while the toolbar stand-in runs), each opened by its button; then the
 # dialogs of the autosampler's Setup... button, each on a copy whose autosampler was chosen with
 # lumacfg-cli first: "asx500.png" (the demo's tray selection), "asx500-misfit.png" (a rack too
-# wide for its position), "vas.png", "asx-klr8.png" and "asx-asx100.png"; the editors that
+# wide for its position; in German too, "asx500-misfit-de.png"), "vas.png", "asx-klr8.png" and "asx-asx100.png"; the editors that
 # the ASX500 dialog's Configure Tray... and Configure Rack... open: "custom-trays.png" (a default
 # rack too wide for its position) and "custom-racks.png" (a rack too long for one tray); the
 # first-start window, where no station is named ("first-start.png"); last the logon window.
@@ -71,6 +71,7 @@ station 1
 "$cli" set ALS_TYPE=1 >/dev/null
 "$cli" profile set "$LUMACFG_PROGRAM_DIR/custrack.ini" CURRENT RACK3_ID 1004
 picture asx500-misfit.png --click Cd_AutoSet
+LANGUAGE=de picture asx500-misfit-de.png --click Cd_AutoSet
 QT_SCALE_FACTOR=2 screen=2560x2048 picture asx500-scale2.png --click Cd_AutoSet
 # The editor accepts a default rack that does not fit (the picture marks it), as the file does.
 station 1

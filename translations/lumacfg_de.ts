@@ -49,7 +49,7 @@
     </message>
     <message>
       <source>The loader refuses this entry: %1</source>
-      <translation>Der Loader weist diesen Eintrag zurück: %1</translation>
+      <translation>Das Ladeprogramm weist diesen Eintrag zurück: %1</translation>
     </message>
     <message>
       <source>On the custom trays:
@@ -88,6 +88,54 @@
     <message>
       <source>No station of the data system was found (%1); choose the folder the data system is installed in, the one that holds LUMAEXE or where LUMAEXE may be made.</source>
       <translation>Es wurde keine Station des Datensystems gefunden (%1); wählen Sie den Ordner, in dem das Datensystem installiert ist, also den Ordner, der LUMAEXE enthält oder in dem LUMAEXE angelegt werden darf.</translation>
+    </message>
+    <message>
+      <source>%1: No such file or directory (the registry store names the data system's folder; LUMACFG_PROGRAM_DIR is not set)</source>
+      <translation>%1: Datei oder Verzeichnis nicht gefunden (der Registrierungsspeicher nennt den Ordner des Datensystems; LUMACFG_PROGRAM_DIR ist nicht gesetzt)</translation>
+    </message>
+    <message>
+      <source>%1: it names no data system folder (no "Path" under HKEY_LOCAL_MACHINE\%2)</source>
+      <translation>%1: nennt keinen Ordner des Datensystems (kein "Path" unter HKEY_LOCAL_MACHINE\%2)</translation>
+    </message>
+    <message>
+      <source>%1: %2 (the program directory of the data system folder "%3" that %4 names)</source>
+      <translation>%1: %2 (das Programmverzeichnis des Datensystemordners "%3", den %4 nennt)</translation>
+    </message>
+    <message>
+      <source>%1 (%2): ok</source>
+      <translation>%1 (%2): in Ordnung</translation>
+    </message>
+    <message>
+      <source>%1 (%2): not loaded: %3 before it fails</source>
+      <translation>%1 (%2): nicht geladen: %3 davor ist fehlerhaft</translation>
+    </message>
+    <message>
+      <source>%1 (%2): %3</source>
+      <translation>%1 (%2): %3</translation>
+    </message>
+    <message>
+      <source>%1=%2 (accepted: %3)</source>
+      <translation>%1=%2 (zulässig: %3)</translation>
+    </message>
+    <message>
+      <source>%1 missing (accepted: %2)</source>
+      <translation>%1 fehlt (zulässig: %2)</translation>
+    </message>
+    <message>
+      <source>1 to %1 characters</source>
+      <translation>1 bis %1 Zeichen</translation>
+    </message>
+    <message>
+      <source>any number but %1</source>
+      <translation>jede Zahl außer %1</translation>
+    </message>
+    <message>
+      <source>VIAL_X_NUM times VIAL_Y_NUM at most %1</source>
+      <translation>VIAL_X_NUM mal VIAL_Y_NUM höchstens %1</translation>
+    </message>
+    <message>
+      <source>a number</source>
+      <translation>eine Zahl</translation>
     </message>
     <message>
       <source>IP address, part %1 of %2</source>
@@ -335,7 +383,7 @@
     </message>
     <message>
       <source>Instrument#</source>
-      <translation>Instrument-Nr.</translation>
+      <translation>Geräte-Nr.</translation>
     </message>
     <message>
       <source>Must specify tray type.</source>
@@ -459,7 +507,7 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     </message>
     <message>
       <source>Post Analysis Peri Pump Rotation</source>
-      <translation>Peristaltikpumpe nach der Analyse</translation>
+      <translation>Peristaltikpumpe nach der Analyse drehen</translation>
     </message>
     <message>
       <source>Enable Post Rotation</source>
@@ -487,7 +535,7 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     </message>
     <message>
       <source>Process during ALS Probe Move</source>
-      <translation>Während der Bewegung der ALS-Sonde</translation>
+      <translation>Während der Bewegung der ALS-Probennadel</translation>
     </message>
     <message>
       <source>Stop Peri Pump Rotation</source>
@@ -626,6 +674,14 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
       <translation>Passwort:</translation>
     </message>
     <message>
+      <source>&amp;User name:</source>
+      <translation>&amp;Benutzername:</translation>
+    </message>
+    <message>
+      <source>&amp;Password:</source>
+      <translation>&amp;Passwort:</translation>
+    </message>
+    <message>
       <source>Checking the user name and password...</source>
       <translation>Benutzername und Passwort werden geprüft...</translation>
     </message>
@@ -675,7 +731,7 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     </message>
     <message>
       <source>The loader accepts this entry.</source>
-      <translation>Der Loader akzeptiert diesen Eintrag.</translation>
+      <translation>Das Ladeprogramm akzeptiert diesen Eintrag.</translation>
     </message>
     <message>
       <source>No custom tray is defined.</source>
@@ -723,7 +779,7 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     </message>
     <message>
       <source>&amp;Instrument#</source>
-      <translation>&amp;Instrument-Nr.</translation>
+      <translation>G&amp;eräte-Nr.</translation>
     </message>
     <message>
       <source>&amp;Miscellaneous...</source>

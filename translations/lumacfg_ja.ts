@@ -90,6 +90,54 @@
       <translation>データシステムのステーションが見つかりませんでした（%1）。データシステムのインストール先フォルダ（LUMAEXEを含むフォルダ、またはLUMAEXEを作成できるフォルダ）を選択してください。</translation>
     </message>
     <message>
+      <source>%1: No such file or directory (the registry store names the data system's folder; LUMACFG_PROGRAM_DIR is not set)</source>
+      <translation>%1: ファイルまたはディレクトリがありません（データシステムのフォルダーはレジストリストアに記録されます。LUMACFG_PROGRAM_DIR は設定されていません）</translation>
+    </message>
+    <message>
+      <source>%1: it names no data system folder (no "Path" under HKEY_LOCAL_MACHINE\%2)</source>
+      <translation>%1: データシステムのフォルダーが記録されていません（HKEY_LOCAL_MACHINE\%2 に "Path" がありません）</translation>
+    </message>
+    <message>
+      <source>%1: %2 (the program directory of the data system folder "%3" that %4 names)</source>
+      <translation>%1: %2（%4 が示すデータシステムフォルダー "%3" のプログラムディレクトリ）</translation>
+    </message>
+    <message>
+      <source>%1 (%2): ok</source>
+      <translation>%1 (%2): 正常</translation>
+    </message>
+    <message>
+      <source>%1 (%2): not loaded: %3 before it fails</source>
+      <translation>%1 (%2): 読み込まれません: 前の %3 に誤りがあります</translation>
+    </message>
+    <message>
+      <source>%1 (%2): %3</source>
+      <translation>%1 (%2): %3</translation>
+    </message>
+    <message>
+      <source>%1=%2 (accepted: %3)</source>
+      <translation>%1=%2（許容: %3）</translation>
+    </message>
+    <message>
+      <source>%1 missing (accepted: %2)</source>
+      <translation>%1 がありません（許容: %2）</translation>
+    </message>
+    <message>
+      <source>1 to %1 characters</source>
+      <translation>1～%1 文字</translation>
+    </message>
+    <message>
+      <source>any number but %1</source>
+      <translation>%1 以外の任意の数値</translation>
+    </message>
+    <message>
+      <source>VIAL_X_NUM times VIAL_Y_NUM at most %1</source>
+      <translation>VIAL_X_NUM × VIAL_Y_NUM が %1 以下</translation>
+    </message>
+    <message>
+      <source>a number</source>
+      <translation>数値</translation>
+    </message>
+    <message>
       <source>IP address, part %1 of %2</source>
       <translation>IPアドレス、第%1オクテット (全%2)</translation>
     </message>
@@ -531,7 +579,7 @@ Length of the rack might be wrong.</source>
     </message>
     <message>
       <source>Sample Tray:</source>
-      <translation>サンプルトレイ:</translation>
+      <translation>試料トレイ:</translation>
     </message>
     <message>
       <source>Sampling Depth(0.125mm Step)</source>
@@ -551,19 +599,19 @@ Length of the rack might be wrong.</source>
     </message>
     <message>
       <source>Single Sample</source>
-      <translation>シングルサンプル</translation>
+      <translation>単一試料</translation>
     </message>
     <message>
       <source>89 Samples</source>
-      <translation>89サンプル</translation>
+      <translation>89試料</translation>
     </message>
     <message>
       <source>53 Samples</source>
-      <translation>53サンプル</translation>
+      <translation>53試料</translation>
     </message>
     <message>
       <source>18 Samples</source>
-      <translation>18サンプル</translation>
+      <translation>18試料</translation>
     </message>
     <message>
       <source>Enable ESC Mode</source>
@@ -624,6 +672,14 @@ Length of the rack might be wrong.</source>
     <message>
       <source>Password:</source>
       <translation>パスワード:</translation>
+    </message>
+    <message>
+      <source>&amp;User name:</source>
+      <translation>ユーザー名(&amp;U):</translation>
+    </message>
+    <message>
+      <source>&amp;Password:</source>
+      <translation>パスワード(&amp;P):</translation>
     </message>
     <message>
       <source>Checking the user name and password...</source>
@@ -835,7 +891,7 @@ Length of the rack might be wrong.</source>
     </message>
     <message>
       <source>S&amp;ample Tray:</source>
-      <translation>サンプルトレイ(&amp;A):</translation>
+      <translation>試料トレイ(&amp;A):</translation>
     </message>
     <message>
       <source>S&amp;ecurity</source>

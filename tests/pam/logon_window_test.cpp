@@ -158,5 +158,35 @@ TEST_F(LogonWindowTest, AWrongPasswordSaysSoAndLetsTheUserTryAgain) {
     EXPECT_FALSE(window.Binder().Widget("Cd_OK")->isEnabled());  // no name, nothing to check
 }
 
+// Refuses every logon with the system's reason as recorded, in the locale's encoding.
+class RecordedRefusal final : public platform::Authenticator {
+  public:
+    explicit RecordedRefusal(std::string reason) : reason_(std::move(reason)) {}
+    platform::Authentication Authenticate(const std::string&, const std::string&) override {
+        return {.accepted = false, .user = {}, .reason = reason_};
+    }
+
+  private:
+    std::string reason_;
+};
+
+TEST_F(LogonWindowTest, TheSystemsReasonIsShownInItsOwnCharacters) {
+    const struct {
+        const char* reason;  // UTF-8, as the system logon writes it
+    } cases[] = {{"認証エラー"}, {"Authentifizierungsfehler: Passwort ungültig"}, {"Failure"}};
+    for (const auto& c : cases) {
+        RecordedRefusal authenticator(c.reason);
+        LogonDialog model(desktopUser_, authenticator);
+        LogonWindow window(model);
+        QSignalSpy answered(&window, &LogonWindow::Answered);
+        window.Binder().SetText("Ed_Password", "guess");
+        window.Binder().Click("Cd_OK");
+        ASSERT_TRUE(answered.wait(10000));
+        EXPECT_EQ(window.findChild<QWidget*>("Lbl_Message")->property("text").toString(),
+                  QString::fromUtf8("The user name or password is wrong (%1). Tries left: 2.")
+                      .arg(QString::fromUtf8(c.reason)));
+    }
+}
+
 }  // namespace
 }  // namespace lumacfg::ui

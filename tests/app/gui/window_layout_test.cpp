@@ -1,8 +1,9 @@
 // Every window at the size it opens with, in each shipped language, in the program's font and in
 // a font 1.5 times larger (and, in a second run of this program with QT_SCALE_FACTOR=2, at twice
-// the scale): no caption of a label, button, check box, option button or frame is wider or
-// taller than the room its control gives it, and no control overlaps a sibling or reaches
-// beyond its parent. The tray picture is drawn at the screen's own resolution.
+// the scale): no caption of a label, button, check box, option button or frame, nor a caption the
+// tray picture draws over a position, is wider or taller than the room its control gives it, and no
+// control overlaps a sibling or reaches beyond its parent. The tray picture is drawn at the
+// screen's own resolution.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,9 +15,11 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QSizeGrip>
 #include <QStyle>
 #include <QStyleOption>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -24,7 +27,9 @@
 #include <string>
 #include <vector>
 
+#include "app/gui/qt_message_boxes.h"
 #include "config/start_up.h"
+#include "platform/file_failures.h"
 #include "racks/custom_racks.h"
 #include "resources/string_table.h"
 #include "support/temp_station.h"
@@ -42,6 +47,7 @@
 #include "ui/dialog/qt/dialog_widgets.h"
 #include "ui/dialog/qt/station_font.h"
 #include "ui/dialog/qt/translation.h"
+#include "ui/file/qt/qt_file_chooser.h"
 #include "ui/logon/logon_dialog.h"
 #include "ui/logon/qt/logon_window.h"
 #include "ui/main/main_dialog.h"
@@ -150,12 +156,14 @@ QString SizeText(QSize size) {
 }
 
 // The visible controls directly under `parent`; the parts Qt builds inside its own widgets
-// (a list's viewport and scroll bars, named "qt_...") are not controls of the window.
+// (a list's viewport and scroll bars, named "qt_...") are not controls of the window, nor is a
+// dialog's size grip, which stands in its corner over the layout.
 std::vector<const QWidget*> VisibleControls(const QWidget& parent) {
     std::vector<const QWidget*> controls;
     for (const QWidget* child : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (child->isVisible() && !child->isWindow() &&
-            !child->objectName().startsWith(QLatin1String("qt_"))) {
+            !child->objectName().startsWith(QLatin1String("qt_")) &&
+            qobject_cast<const QSizeGrip*>(child) == nullptr) {
             controls.push_back(child);
         }
     }
@@ -175,6 +183,16 @@ void CollectFaults(const QWidget& parent, const QString& window, std::vector<std
                 fault(QStringLiteral("%1 \"%2\" needs %3, has %4")
                           .arg(NameOf(control), room->text, SizeText(room->needed),
                                SizeText(room->given)));
+            }
+        }
+        if (const auto* picture = qobject_cast<const ui::TrayPicture*>(&control)) {
+            for (const ui::TrayPicture::Caption& caption : picture->Captions()) {
+                if (caption.needed > caption.given) {
+                    fault(QStringLiteral("%1 caption \"%2\" needs %3, has %4")
+                              .arg(NameOf(control), caption.text)
+                              .arg(caption.needed)
+                              .arg(caption.given));
+                }
             }
         }
         if (!parent.rect().contains(control.geometry())) {
@@ -381,6 +399,72 @@ INSTANTIATE_TEST_SUITE_P(Windows, WindowLayoutTest,
                                           testing::ValuesIn(kLanguages)),
                          CaseName);
 
+// ---------------------------------------------------------------------------------------------
+// The modal windows: the file selection and the message boxes, measured while they wait for an
+// answer and then closed.
+
+struct ModalRow {
+    const char* name;
+    std::function<void(const fs::path& station)> open;  // returns when the window is closed
+};
+
+const ModalRow kModals[] = {
+    {"FileSelection",
+     [](const fs::path& station) {
+         ui::FileRequest request{"Select QC Mode", "*.QCC", "GENERAL.QCC", station.string(), 0};
+         ui::QtFileChooser(nullptr).SelectFile({}, ui::SelectKind::OpenFolder, request);
+     }},
+    {"MessageBox",
+     [](const fs::path& station) {
+         // The longest the core shows: a list of failures, with a question.
+         const std::string failures = platform::DescribeAll(
+             {{platform::FileOperation::Read, (station / "LUMAEXE/lumagen.ist").string(),
+               "Permission denied"},
+              {platform::FileOperation::Write, (station / "registry.reg").string(),
+               "Read-only file system"}});
+         QtMessageBoxes().Show({.text = failures,
+                                .title = LoadResString(kResErrorTitle),
+                                .icon = platform::MessageIcon::Exclamation,
+                                .buttons = platform::MessageButtons::YesNoCancel});
+     }},
+};
+
+using ModalCase = std::tuple<ModalRow, FontSize, std::string>;
+
+void PrintTo(const ModalRow& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class ModalLayoutTest : public ShownWindow, public testing::WithParamInterface<ModalCase> {};
+
+TEST_P(ModalLayoutTest, NoCaptionIsClippedAndNoControlOverlapsAnother) {
+    const auto& [row, font, language] = GetParam();
+    ASSERT_NO_FATAL_FAILURE(UseLanguage(language));
+    ASSERT_NO_FATAL_FAILURE(Prepare(Station::Gpib, font.factor));
+    std::optional<std::vector<std::string>> faults;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (modal == nullptr || !modal->isVisible()) return;
+        QApplication::processEvents();  // the layouts' pending requests
+        faults = LayoutFaults(*modal);
+        modal->reject();
+    });
+    look.start(200);
+    row.open(root_);
+    ASSERT_TRUE(faults.has_value()) << "the window did not show";
+    EXPECT_EQ(*faults, std::vector<std::string>{});
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, ModalLayoutTest,
+                         testing::Combine(testing::ValuesIn(kModals), testing::ValuesIn(kFontSizes),
+                                          testing::ValuesIn(kLanguages)),
+                         [](const testing::TestParamInfo<ModalCase>& info) {
+                             return std::string(std::get<ModalRow>(info.param).name) + "_" +
+                                    std::get<FontSize>(info.param).name + "_" +
+                                    std::get<std::string>(info.param);
+                         });
+
 // The judgement itself, on windows made to fail.
 class LayoutJudgementTest : public testing::Test {};
 
@@ -428,6 +512,33 @@ TEST_F(LayoutJudgementTest, NamesAControlBeyondItsFrameAndAWrappedTextTooTall) {
     EXPECT_THAT(faults[1], testing::MatchesRegex(
                                "Fm_Made: Lbl_Wrapped at \\(100, 40\\) 60 x [0-9]+ reaches beyond "
                                "Gb_Frame of 150 x 150"));
+}
+
+TEST_F(LayoutJudgementTest, NamesATrayPicturesCaptionWiderThanItsPosition) {
+    QWidget window;
+    window.setObjectName(QStringLiteral("Fm_Made"));
+    auto* picture = new ui::TrayPicture(&window);
+    ui::TrayPlan plan;
+    plan.trayName = "ASX 60";
+    for (const char* rack : {"50 mL 5x8", "1 Micro 20x50", "R3"}) {
+        ui::TrayPosition position;
+        position.rackId = 1;
+        position.rackName = rack;
+        plan.positions.push_back(position);
+    }
+    picture->Show(plan);
+    // At the size it asks for, every caption fits; squeezed, the long ones do not.
+    window.resize(picture->sizeHint());
+    picture->resize(picture->sizeHint());
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_EQ(LayoutFaults(window), std::vector<std::string>{});
+    picture->resize(picture->sizeHint() / 3);
+    const std::vector<std::string> faults = LayoutFaults(window);
+    ASSERT_FALSE(faults.empty());
+    EXPECT_THAT(faults[0], testing::MatchesRegex(
+                               "Fm_Made: lumacfg::ui::TrayPicture caption \"1 50 mL 5x8\" needs "
+                               "[0-9]+, has [0-9]+"));
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -8,7 +8,8 @@ and held open for the walk. In English it waits until the window's accessible tr
 case's sample names, and fails on a sample name missing and on a list that does not say its
 chosen entry as its text; in German, in Japanese and at twice the scale it waits until the
 window shows as many controls as in English. In every condition it fails on any control that
-takes the focus but has no name, and on two controls of one role with one name in one window.
+takes the focus but has no name, on two controls of one role with one name in one window, and
+on a label named by its frame's title (Qt's name for a label that shows nothing).
 Only what is shown counts: a hidden widget is reported without the "showing" state, and screen
 readers pass over it, so the walk does too.
 
@@ -71,7 +72,7 @@ CASES = [
     Case("wait window", [("progress bar", "Waiting")], hardware=2, click="Cd_Tlbar"),
     Case("ASX500",
          [("combo box", "Tray Type"), ("combo box", "Rack ID 9"),
-          "Tray picture, Position 1 of \\d+: .+"], settings=["ALS_TYPE=1"],
+          ("image", "Tray picture, Position 1 of \\d+: .+")], settings=["ALS_TYPE=1"],
          click="Cd_AutoSet",
          descriptions=[("Tray picture.*", "(?s)Tray .+\\nPosition 1 of \\d+: .+")],
          walk_tray=True),
@@ -81,7 +82,8 @@ CASES = [
          settings=["ALS_TYPE=5", "SAMPLE_DEPTH=40"], click="Cd_AutoSet"),
     Case("Custom Trays", [("list", "Trays"), ("combo box", "DEFRACK1 \\(a rack\\)")],
          settings=["ALS_TYPE=1"], click="Cd_AutoSet/btnConfigTray"),
-    Case("Custom Racks", [("list", "Racks"), ("push button", "New")], settings=["ALS_TYPE=1"],
+    Case("Custom Racks", [("list", "Racks"), ("push button", "New"), ("image", "Tray picture.*")],
+         settings=["ALS_TYPE=1"],
          click="Cd_AutoSet/btnConfigRack"),
     Case("first-start window", [("text", "Data system folder"), ("push button", "Browse...")],
          station="none"),
@@ -134,12 +136,15 @@ def shown(node):
     return node.getState().contains(pyatspi.STATE_SHOWING)
 
 
-def walk(node):
-    """Every object under node that is shown, node first."""
-    yield node
+def walk(node, frame=""):
+    """Every object under node that is shown, node first, each with the title of the frame (a
+    panel) it stands in."""
+    yield node, frame
+    if node.getRole() == pyatspi.ROLE_PANEL:
+        frame = node.name or frame
     for child in node:
         if child is not None and shown(child):
-            yield from walk(child)
+            yield from walk(child, frame)
 
 
 def entry_of(node):
@@ -153,15 +158,15 @@ def entry_of(node):
 
 
 def read_windows(app):
-    """For each shown window: a list of (role, name, description, focusable, entry) of what it
-    shows."""
+    """For each shown window: a list of (role, name, description, focusable, entry, frame) of
+    what it shows."""
     windows = []
     for window in app:
         if window is None or not shown(window):
             continue
         windows.append([(o.getRoleName(), o.name or "", o.description or "",
-                         o.getState().contains(pyatspi.STATE_FOCUSABLE), entry_of(o))
-                        for o in walk(window)])
+                         o.getState().contains(pyatspi.STATE_FOCUSABLE), entry_of(o), frame)
+                        for o, frame in walk(window)])
     return windows
 
 
@@ -177,7 +182,7 @@ def sample_faults(case, windows):
                    for window in windows for (_, name, text, *_) in window):
             faults.append("no object %r described as %r" % (sample_name, sample_description))
     for list_name, entry in case.entries:
-        said = [e for window in windows for (role, name, _, _, e) in window
+        said = [e for window in windows for (role, name, _, _, e, _) in window
                 if role == "combo box" and name == list_name]
         if said != [entry]:
             faults.append("the list %r says %r, not %r" % (list_name, said, entry))
@@ -186,7 +191,7 @@ def sample_faults(case, windows):
 
 def controls(window):
     """The window's controls: what takes the focus, the entries of lists and tables left out."""
-    return [(role, name) for role, name, _, focusable, _ in window
+    return [(role, name) for role, name, _, focusable, *_ in window
             if focusable and role not in ENTRY_ROLES]
 
 
@@ -205,13 +210,16 @@ def naming_faults(windows):
             elif (role, name) in seen:
                 faults.append("two of role %s are named %r" % (role, name))
             seen.add((role, name))
+        faults += ["a label in the frame %r is named after the frame" % frame
+                   for role, name, _, _, _, frame in window
+                   if role == "label" and frame and name == frame]
     return faults
 
 
 def tray_walk_faults(app, deadline):
     """Gives the tray picture the focus and presses Right: its name says position 2."""
     XK_RIGHT = 0xFF53
-    picture = next(o for window in app if shown(window) for o in walk(window)
+    picture = next(o for window in app if shown(window) for o, _ in walk(window)
                    if (o.name or "").startswith("Tray picture"))
     picture.queryComponent().grabFocus()
     while time.monotonic() < deadline:

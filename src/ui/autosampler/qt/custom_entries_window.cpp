@@ -62,6 +62,9 @@ CustomEntriesWindow::CustomEntriesWindow(CustomEntriesDialog& model, EntryKind k
     auto* caption = Make<QLabel>(this, "lblEntries");
     auto* list = Make<QListWidget>(this, "lstEntries");
     caption->setBuddy(list);
+    // Its entries are the model's composed verdicts ("name (id): ok"), shown in the language
+    // shown by their templates; the names and values in them stay.
+    ShowEntriesAsCaptions(list);
     // A long verdict wraps rather than hide behind a scroll bar.
     list->setWordWrap(true);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

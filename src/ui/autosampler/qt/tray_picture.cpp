@@ -1,14 +1,17 @@
 #include "ui/autosampler/qt/tray_picture.h"
 
+#include <QAccessibleWidget>
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -61,9 +64,28 @@ double BottleRadius(const TrayPlan& plan) {
     return std::max(pitch * 0.35, 40.0);
 }
 
-QString Shown(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return FromAnsi(text);
+// The tray's outline in its own units: every position, every rack and the bottle row, with a
+// margin.
+QRectF TrayBounds(const TrayPlan& plan, const std::vector<Position>& layout) {
+    QRectF tray;
+    for (const Position& p : layout) tray = tray.united(p.place).united(p.rack);
+    const double radius = BottleRadius(plan);
+    for (const QPointF& b : Bottles(plan))
+        tray = tray.united(QRectF(b, b).adjusted(-radius, -radius, radius, radius));
+    const double margin = std::max(tray.width(), tray.height()) * 0.04;
+    return tray.adjusted(-margin, -margin, margin, margin);
+}
+
+// The caption over a position: its number and its rack; a rack drawn alone needs no number.
+QString CaptionOf(const TrayPlan& plan, std::size_t index) {
+    const QString rack = FromAnsi(plan.positions[index].rackName);
+    if (plan.positions.size() == 1) return rack;
+    return QStringLiteral("%1 %2").arg(index + 1).arg(rack).trimmed();
+}
+
+// A misfit's reason, OK's own message, in the language shown and on one line.
+QString ReasonShown(const std::string& reason) {
+    return Translated(FromAnsi(reason)).replace(u'\n', u' ');
 }
 
 // What a position holds and the model's verdict on it, as it is said and written.
@@ -78,7 +100,7 @@ QString PositionText(const TrayPlan& plan, std::size_t index) {
                        .arg(rack);
     if (!position.reason.empty()) {
         text += QCoreApplication::translate("lumacfg", ", does not fit: %1")
-                    .arg(Shown(position.reason));
+                    .arg(ReasonShown(position.reason));
     }
     return text;
 }
@@ -90,16 +112,89 @@ QString TrayText(const TrayPlan& plan) {
     return parts.join(u'\n');
 }
 
+// Qt reports a widget of its own drawing as a "filler"; the picture says it is a picture.
+QAccessibleInterface* AccessiblePictureOf(const QString& className, QObject* object) {
+    auto* picture = qobject_cast<TrayPicture*>(object);
+    if (picture == nullptr || className != QLatin1String(TrayPicture::staticMetaObject.className()))
+        return nullptr;
+    return new QAccessibleWidget(picture, QAccessible::Graphic);
+}
+
+// Installed before the first picture is asked for its interface (Qt keeps the first one).
+void ReportPicturesAsGraphics() {
+    static const bool installed = [] {
+        QAccessible::installFactory(&AccessiblePictureOf);
+        return true;
+    }();
+    (void)installed;
+}
+
 }  // namespace
 
 TrayPicture::TrayPicture(QWidget* parent) : QWidget(parent) {
+    ReportPicturesAsGraphics();
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setFocusPolicy(Qt::StrongFocus);
     Describe();
 }
 
 QSize TrayPicture::sizeHint() const {
-    return {fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 18};
+    const QSize least(fontMetrics().averageCharWidth() * 60, fontMetrics().height() * 18);
+    if (plan_.positions.empty()) return least;
+    // Large enough that every caption fits over its position.
+    const std::vector<Position> layout = Layout(plan_);
+    double scale = 0;
+    for (std::size_t i = 0; i < layout.size(); ++i) {
+        scale = std::max(scale, (fontMetrics().horizontalAdvance(CaptionOf(plan_, i)) + 1) /
+                                    layout[i].place.width());
+    }
+    const QRectF tray = TrayBounds(plan_, layout);
+    const int width =
+        std::max(least.width(), static_cast<int>(std::ceil(tray.width() * scale)) + 8);
+    const int above = 2 * (fontMetrics().height() + 4);
+    const int height =
+        static_cast<int>(std::ceil(tray.height() * scale)) + 8 + above + ReasonsHeight(width - 8);
+    return {width, std::max(least.height(), height)};
+}
+
+std::vector<TrayPicture::Caption> TrayPicture::Captions() const {
+    std::vector<Caption> captions;
+    const std::vector<Position> layout = Layout(plan_);
+    const double scale = Scale(TrayRoom(), TrayBounds(plan_, layout));
+    for (std::size_t i = 0; i < layout.size(); ++i) {
+        const QString text = CaptionOf(plan_, i);
+        captions.push_back({text, fontMetrics().horizontalAdvance(text),
+                            static_cast<int>(layout[i].place.width() * scale)});
+    }
+    return captions;
+}
+
+QString TrayPicture::Reasons() const {
+    QStringList reasons;
+    for (std::size_t i = 0; i < plan_.positions.size(); ++i) {
+        if (!plan_.positions[i].reason.empty())
+            reasons << QStringLiteral("%1: %2").arg(i + 1).arg(
+                ReasonShown(plan_.positions[i].reason));
+    }
+    return reasons.join(u'\n');
+}
+
+int TrayPicture::ReasonsHeight(int width) const {
+    const QString reasons = Reasons();
+    if (reasons.isEmpty()) return 0;
+    return fontMetrics().boundingRect(QRect(0, 0, width, 0), Qt::TextWordWrap, reasons).height() +
+           4;
+}
+
+QRectF TrayPicture::TrayRoom() const {
+    QRectF room = rect().adjusted(4, 4, -4, -4);
+    room.setTop(room.top() + 2 * (fontMetrics().height() + 4));
+    room.setBottom(room.bottom() - ReasonsHeight(static_cast<int>(room.width())));
+    return room;
+}
+
+double TrayPicture::Scale(const QRectF& room, const QRectF& tray) {
+    return std::min(room.width() / tray.width(), room.height() / tray.height());
 }
 
 QSize TrayPicture::minimumSizeHint() const {
@@ -110,6 +205,7 @@ void TrayPicture::Show(TrayPlan plan) {
     plan_ = std::move(plan);
     current_ = std::min(current_, plan_.positions.empty() ? 0 : plan_.positions.size() - 1);
     Describe();
+    updateGeometry();  // its captions ask for room
     update();
 }
 
@@ -187,36 +283,18 @@ void TrayPicture::paintEvent(QPaintEvent*) {
     room.setTop(room.top() + line + 4);
 
     // The reasons of the refused positions, under the tray.
-    QStringList reasons;
-    for (std::size_t i = 0; i < plan_.positions.size(); ++i) {
-        if (!plan_.positions[i].reason.empty())
-            reasons << QStringLiteral("%1: %2").arg(i + 1).arg(Shown(plan_.positions[i].reason));
-    }
-    const QString reasonText = reasons.join(u'\n');
-    const int reasonHeight = reasons.isEmpty()
-                                 ? 0
-                                 : metrics
-                                       .boundingRect(QRect(0, 0, static_cast<int>(room.width()), 0),
-                                                     Qt::TextWordWrap, reasonText)
-                                       .height();
     painter.setPen(kRefused);
-    painter.drawText(room.adjusted(0, room.height() - reasonHeight, 0, 0),
-                     Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, reasonText);
-    room.setBottom(room.bottom() - reasonHeight - 4);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignBottom | Qt::TextWordWrap, Reasons());
+    room = TrayRoom();
     if (plan_.positions.empty() || room.height() <= line) return;
 
-    // The tray's outline holds every position, every rack and the bottle row.
     const std::vector<Position> layout = Layout(plan_);
     const std::vector<QPointF> bottles = Bottles(plan_);
     const double bottleRadius = BottleRadius(plan_);
-    QRectF tray;
-    for (const Position& p : layout) tray = tray.united(p.place).united(p.rack);
-    for (const QPointF& b : bottles)
-        tray = tray.united(
-            QRectF(b, b).adjusted(-bottleRadius, -bottleRadius, bottleRadius, bottleRadius));
-    const double margin = std::max(tray.width(), tray.height()) * 0.04;
-    tray.adjust(-margin, -margin, margin, margin);
-    const double scale = std::min(room.width() / tray.width(), room.height() / tray.height());
+    const QRectF tray = TrayBounds(plan_, layout);
+    const double corner = std::max(tray.width(), tray.height()) * 0.035;
+    const double scale = Scale(room, tray);
+    const std::vector<Caption> captions = Captions();
     painter.translate(room.left() + (room.width() - tray.width() * scale) / 2,
                       room.top() + (room.height() - tray.height() * scale) / 2);
     painter.scale(scale, scale);
@@ -228,7 +306,7 @@ void TrayPicture::paintEvent(QPaintEvent*) {
 
     painter.setPen(hairline(palette().color(QPalette::Dark)));
     painter.setBrush(palette().color(QPalette::Midlight));
-    painter.drawRoundedRect(tray, margin, margin);
+    painter.drawRoundedRect(tray, corner, corner);
     painter.setBrush(palette().color(QPalette::Base));
     for (const QPointF& b : bottles) painter.drawEllipse(b, bottleRadius, bottleRadius);
 
@@ -264,16 +342,21 @@ void TrayPicture::paintEvent(QPaintEvent*) {
             }
         } else if (position.rackId != kNoId) {
             // A standard rack has no vial grid in the file: its number stands for it.
+            // Three times the caption's size, less where the position is narrower.
+            const double room = p.place.width() * scale * 0.9;
+            const double wide = metrics.horizontalAdvance(FromAnsi(position.rackName));
             QFont number = label;
-            number.setPointSizeF(label.pointSizeF() * 3);
+            number.setPointSizeF(label.pointSizeF() * std::min(3.0, room / std::max(wide, 1.0)));
             painter.setFont(number);
             painter.setPen(ink);
             painter.drawText(rack, Qt::AlignCenter, FromAnsi(position.rackName));
             painter.setFont(label);
         }
-        // The position's number and its rack, over the position.
+        // The position's number and its rack, over the position; shortened only when the
+        // picture is smaller than it asks to be.
+        const Caption& c = captions[i];
         const QString caption =
-            QStringLiteral("%1 %2").arg(i + 1).arg(FromAnsi(position.rackName)).trimmed();
+            c.needed <= c.given ? c.text : metrics.elidedText(c.text, Qt::ElideRight, c.given);
         const QRectF text = p.place.adjusted(0, -label.pointSizeF() * 2.2, 0, 0);
         painter.setPen(ink);
         painter.drawText(QRectF(text.topLeft(), QSizeF(p.place.width(), label.pointSizeF() * 2)),

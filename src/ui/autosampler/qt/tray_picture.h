@@ -28,6 +28,16 @@ class TrayPicture final : public QWidget {
     // The position with the keyboard's focus, counted from 0.
     std::size_t CurrentPosition() const { return current_; }
 
+    // The caption over each position, its width and the width of its position, in pixels, at
+    // the picture's present size. The picture asks for a size at which every caption fits; only
+    // a smaller one shortens a caption ("…").
+    struct Caption {
+        QString text;
+        int needed;
+        int given;
+    };
+    std::vector<Caption> Captions() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -40,6 +50,12 @@ class TrayPicture final : public QWidget {
   private:
     void MoveTo(std::size_t position);
     void Describe();
+    QString Reasons() const;
+    int ReasonsHeight(int width) const;
+    // Where the tray is drawn: under the tray's name and the position with the focus, over the
+    // reasons.
+    QRectF TrayRoom() const;
+    static double Scale(const QRectF& room, const QRectF& tray);
 
     TrayPlan plan_;
     std::size_t current_ = 0;

@@ -30,7 +30,9 @@ constexpr const char* kMnemonicProperty = "lumacfgMnemonic";
 constexpr const char* kHiddenProperty = "lumacfgKeepHidden";
 constexpr const char* kOwnMnemonicProperty = "lumacfgOwnMnemonic";
 constexpr const char* kAccessibleNameProperty = "lumacfgAccessibleName";
+constexpr const char* kCaptionLabelProperty = "lumacfgCaptionLabel";
 constexpr const char* kCaptionEntriesProperty = "lumacfgCaptionEntries";
+constexpr const char* kSystemTextProperty = "lumacfgSystemText";
 
 std::string ControlName(const QObject* object) {
     return object->objectName().toStdString();
@@ -110,6 +112,8 @@ void ShowOne(QWidget* widget, const ControlState& state) {
             label->setText(Caption(label, state));
         } else if (dynamic_cast<PathLabel*>(label) != nullptr) {
             label->setText(FromAnsi(state.text));
+        } else if (label->property(kSystemTextProperty).toBool()) {
+            label->setText(Translated(QString::fromLocal8Bit(state.text)));
         } else {
             label->setText(Translated(FromAnsi(state.text)));
         }
@@ -142,6 +146,10 @@ QString Spoken(const QString& caption) {
     spoken = spoken.trimmed();
     if (spoken.endsWith(QLatin1Char(':'))) spoken.chop(1);
     return spoken.trimmed();
+}
+
+const QLabel* CaptionLabelOf(const QWidget* widget) {
+    return qobject_cast<const QLabel*>(widget->property(kCaptionLabelProperty).value<QObject*>());
 }
 
 const QLabel* LabelOf(const QWidget* widget, const QWidget* root) {
@@ -300,12 +308,18 @@ void NameForScreenReaders(QWidget* root) {
     for (QWidget* widget : NamedWidgets(root)) {
         const QString name = AccessibleNameOf(widget, root);
         if (widget->accessibleName() != name) widget->setAccessibleName(name);
+        // A label named by its caption says what it shows as its description.
+        const auto* value = qobject_cast<const QLabel*>(widget);
+        if (value != nullptr && CaptionLabelOf(widget) != nullptr &&
+            widget->accessibleDescription() != value->text())
+            widget->setAccessibleDescription(value->text());
     }
 }
 
 QString AccessibleNameOf(const QWidget* widget, const QWidget* root) {
     const QVariant given = widget->property(kAccessibleNameProperty);
     if (given.isValid()) return given.toString();
+    if (const QLabel* caption = CaptionLabelOf(widget)) return Spoken(caption->text());
     if (const QLabel* label = LabelOf(widget, root)) return Spoken(label->text());
     if (const auto* frame = qobject_cast<const QGroupBox*>(widget)) return Spoken(frame->title());
     if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
@@ -319,6 +333,10 @@ void SetAccessibleName(QWidget* widget, const QString& name) {
     widget->setAccessibleName(name);
 }
 
+void NameAfterCaption(QWidget* widget, QLabel* caption) {
+    widget->setProperty(kCaptionLabelProperty, QVariant::fromValue<QObject*>(caption));
+}
+
 void SetMnemonic(QWidget* widget, QChar letter) {
     widget->setProperty(kMnemonicProperty, letter);
 }
@@ -329,6 +347,10 @@ void KeepCaptionMnemonic(QWidget* widget) {
 
 void ShowEntriesAsCaptions(QWidget* list) {
     list->setProperty(kCaptionEntriesProperty, true);
+}
+
+void ShowSystemText(QWidget* label) {
+    label->setProperty(kSystemTextProperty, true);
 }
 
 void KeepHidden(QWidget* widget) {

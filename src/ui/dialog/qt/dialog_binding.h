@@ -20,6 +20,7 @@
 class QAbstractButton;
 class QComboBox;
 class QKeyEvent;
+class QLabel;
 class QLineEdit;
 class QWidget;
 
@@ -41,13 +42,19 @@ void NameForScreenReaders(QWidget* root);
 
 // The name a screen reader says for a widget under `root`, taken from what the window shows,
 // without the "&" that marks a mnemonic and without a closing colon: the name the view set
-// (SetAccessibleName) if any; else the caption of the label whose buddy the widget is; else a
-// button's, check box's, option button's or frame's own caption; else none (an empty string).
+// (SetAccessibleName) if any; else the caption of the label that names it (NameAfterCaption) or
+// whose buddy the widget is; else a button's, check box's, option button's or frame's own
+// caption; else none (an empty string).
 QString AccessibleNameOf(const QWidget* widget, const QWidget* root);
 
 // A name the view gives a control whose caption is absent or shared with another control of
 // its kind (an octet box, a "Setup..." button); ShowState uses it instead of the caption.
 void SetAccessibleName(QWidget* widget, const QString& name);
+
+// A label that shows a value (a path) beside the label that captions it, not a buddy: its
+// accessible name is the caption's, also while it shows nothing (Qt would take its frame's
+// title), and its accessible description what it shows.
+void NameAfterCaption(QWidget* widget, QLabel* caption);
 
 // The view's presentation of a caption: the letter that ShowState marks as the control's
 // mnemonic (its first occurrence in the caption, in either case; a caption without the letter
@@ -62,6 +69,11 @@ void KeepCaptionMnemonic(QWidget* widget);
 // files, racks, applications): ShowState shows them in the language shown. A list's entries
 // are values unless it is marked so.
 void ShowEntriesAsCaptions(QWidget* list);
+
+// A message label whose text carries the system's words (the logon's reason from the system's
+// logon), in the locale's encoding (UTF-8) rather than the station's Windows-1252: ShowState
+// decodes it so.
+void ShowSystemText(QWidget* label);
 
 // A control the dialog holds but never shows (a list that only keeps file names): ShowState
 // never makes it visible.

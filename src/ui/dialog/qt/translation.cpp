@@ -41,6 +41,28 @@ constexpr std::array kMessageTemplates = {
                       "No station of the data system was found (%1); choose the folder the data "
                       "system is installed in, the one that holds LUMAEXE or where LUMAEXE may be "
                       "made."),
+    // Its part: the file that names no station, and why.
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "%1: No such file or directory (the registry store names the data "
+                      "system's folder; LUMACFG_PROGRAM_DIR is not set)"),
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "%1: it names no data system folder (no \"Path\" under "
+                      "HKEY_LOCAL_MACHINE\\%2)"),
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "%1: %2 (the program directory of the data system folder \"%3\" that %4 "
+                      "names)"),
+    // A custom entry in the list of its editor, with the loader's verdict; the verdict's fault
+    // names a key, the value it holds and what the loader accepts for it. Kept after the
+    // templates above, which a tray's or rack's name could otherwise be taken into.
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (%2): ok"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (%2): not loaded: %3 before it fails"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 (%2): %3"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1=%2 (accepted: %3)"),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 missing (accepted: %2)"),
+    QT_TRANSLATE_NOOP("lumacfg", "1 to %1 characters"),
+    QT_TRANSLATE_NOOP("lumacfg", "any number but %1"),
+    QT_TRANSLATE_NOOP("lumacfg", "VIAL_X_NUM times VIAL_Y_NUM at most %1"),
+    QT_TRANSLATE_NOOP("lumacfg", "a number"),
 };
 
 struct MessageTemplate {
@@ -94,9 +116,8 @@ std::optional<QString> TranslatedTemplate(const QString& text) {
     for (const MessageTemplate& message : MessageTemplates()) {
         const QRegularExpressionMatch parts = message.pattern.match(text);
         if (!parts.hasMatch()) continue;
-        const std::optional<QString> translated = Lookup(message.source);
-        if (!translated) return std::nullopt;
-        return Filled(*translated, parts);
+        // A template the same in every language ("%1 (%2): %3") is there for its parts.
+        return Filled(Lookup(message.source).value_or(message.source), parts);
     }
     return std::nullopt;
 }

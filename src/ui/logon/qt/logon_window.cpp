@@ -38,6 +38,7 @@ LogonWindow::LogonWindow(LogonDialog& model, QWidget* parent) : QDialog(parent),
     message->setObjectName(QStringLiteral("Lbl_Message"));
     message->setWordWrap(true);
     message->setMinimumWidth(320);
+    ShowSystemText(message);  // a refusal carries the system logon's reason
     // OK before Cancel on every desktop, as in every dialog of the data system, so Tab meets
     // them in the order they stand.
     auto* buttons = new QHBoxLayout;

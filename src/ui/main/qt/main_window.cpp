@@ -197,8 +197,10 @@ QGroupBox* MainWindow::BuildInhibit() {
 QGroupBox* MainWindow::BuildQcMode() {
     QGroupBox* frame = Frame(this, "Gb_QCMode");
     auto* grid = new QGridLayout(frame);
-    grid->addWidget(Make<QLabel>(frame, "Lbl_Mode"), 0, 0);
+    auto* mode = Make<QLabel>(frame, "Lbl_Mode");
+    grid->addWidget(mode, 0, 0);
     auto* file = Make<PathLabel>(frame, "Lbl_QCFile");
+    NameAfterCaption(file, mode);
     file->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     grid->addWidget(file, 0, 1);
     auto* buttons = new QHBoxLayout;
@@ -230,6 +232,7 @@ QGroupBox* MainWindow::BuildSecurity() {
     auto* choose = Make<QToolButton>(frame, "Cd_SelVLTFolder");
     choose->setFocusPolicy(Qt::StrongFocus);
     title->setBuddy(choose);
+    NameAfterCaption(folder, title);
     grid->addWidget(title, 3, 0);
     grid->addWidget(folder, 3, 1);
     grid->addWidget(choose, 3, 2);

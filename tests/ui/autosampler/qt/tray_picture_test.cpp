@@ -1,10 +1,12 @@
-// The tray picture as a screen reader and the keyboard reach it: what it says of the tray and of
-// the position with the focus, and the keys that move between the positions.
+// The tray picture as a screen reader and the keyboard reach it: its role, what it says of the
+// tray and of the position with the focus, and the keys that move between the positions.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QTest>
 
 #include "ui/autosampler/qt/tray_picture.h"
+#include "ui/dialog/qt/translation.h"
 
 namespace lumacfg::ui {
 namespace {
@@ -67,6 +69,34 @@ TEST(TrayPictureTest, ItDescribesTheWholeTrayAndNamesThePositionWithTheFocus) {
     EXPECT_EQ(picture.CurrentPosition(), 1u);
     picture.Show(TrayPlan{});
     EXPECT_EQ(picture.accessibleName(), "Tray picture");
+}
+
+TEST(TrayPictureTest, ItIsAGraphicAndSaysAMisfitsReasonInTheLanguageShown) {
+    TrayPicture picture;
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(&picture);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_EQ(accessible->role(), QAccessible::Graphic);
+
+    TrayPlan plan = StandardTray();
+    plan.positions[1].reason =
+        "Invalid rack is specified for the current tray type.\nWidth of the rack might be wrong.";
+    ASSERT_EQ(UseLanguage(QLocale(QLocale::German)), "de");
+    picture.Show(plan);
+    UseLanguage(QLocale());
+    // Over each position its number and its rack; a rack drawn alone has no number.
+    std::vector<QString> captions;
+    for (const TrayPicture::Caption& caption : picture.Captions()) captions.push_back(caption.text);
+    EXPECT_EQ(captions, (std::vector<QString>{"1 R1", "2 R2", "3"}));
+    TrayPicture alone;
+    alone.Show({.trayId = 1, .trayName = "R1", .positions = {Holding(1, "R1")}});
+    ASSERT_EQ(alone.Captions().size(), 1u);
+    EXPECT_EQ(alone.Captions().front().text, "R1");
+    EXPECT_EQ(picture.accessibleDescription(),
+              "Tray ASX 60\n"
+              "Position 1 von 3: R1\n"
+              "Position 2 von 3: R2, passt nicht: Für den aktuellen Tray-Typ ist ein ungültiges "
+              "Rack angegeben. Die Breite des Racks ist möglicherweise falsch.\n"
+              "Position 3 von 3: kein Rack");
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include <iostream>
 
 #include "platform/file_failures.h"
+#include "racks/custrack_entries.h"
 #include "resources/string_table.h"
 #include "ui/dialog/qt/ansi_text.h"
 #include "ui/dialog/qt/dialog_binding.h"
@@ -120,6 +121,7 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
         // A letter chosen anew: the caption's translation keeps it, or adds it.
         {"de", "Save", 'e', "Sp&eichern"},
         {"ja", "Save", 'e', "保存(&E)"},
+        {"ja", "User name:", 'U', "ユーザー名(&U):"},
         // A caption the catalogue does not hold stays, with its letter.
         {"de", "R&D", 'D', "R&&&D"},
         // Composed messages: the template translated, its parts (paths, reasons) as they stand.
@@ -146,6 +148,32 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
          "カスタムトレイ上:\nTwo racks: 適合\nDeep: 奥行きが大きすぎます: 奥行き "
          "1800、RACK_Y_DIST "
          "1200"},
+        // The first start's reason, its path a value.
+        {"de",
+         "/srv/registry.reg: No such file or directory (the registry store names the data "
+         "system's folder; LUMACFG_PROGRAM_DIR is not set)",
+         {},
+         "/srv/registry.reg: Datei oder Verzeichnis nicht gefunden (der Registrierungsspeicher "
+         "nennt den Ordner des Datensystems; LUMACFG_PROGRAM_DIR ist nicht gesetzt)"},
+        // A custom entry in its editor's list and the loader's verdict: the name, the key and
+        // its value stay.
+        {"ja", "None (1001): ok", {}, "None (1001): 正常"},
+        {"de",
+         "50 mL (1000): " + FromAnsi(DescribeFault({"VIAL_Y_NUM", "50",
+                                                    "VIAL_X_NUM times "
+                                                    "VIAL_Y_NUM at most 999"})),
+         {},
+         "50 mL (1000): VIAL_Y_NUM=\"50\" (zulässig: VIAL_X_NUM mal VIAL_Y_NUM höchstens 999)"},
+        {"ja",
+         "The loader refuses this entry: " + FromAnsi(DescribeFault({"NAME", "",
+                                                                     "1 to 15 "
+                                                                     "characters"})),
+         {},
+         "ローダーはこのエントリを受け付けません: NAME がありません（許容: 1～15 文字）"},
+        {"de",
+         "Micro (1002): " + FromAnsi(DescribeFault({"RACK_X_DIST", "x", "1..999"})),
+         {},
+         "Micro (1002): RACK_X_DIST=\"x\" (zulässig: 1..999)"},
         // Values: a file name, and English shows everything as the core wrote it.
         {"de", "GENERAL.QCC", {}, "GENERAL.QCC"},
         {"en", "Miscellaneous...", 'M', "&Miscellaneous..."},
