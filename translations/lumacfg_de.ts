@@ -102,6 +102,74 @@
       <translation>%1: %2 (das Programmverzeichnis des Datensystemordners "%3", den %4 nennt)</translation>
     </message>
     <message>
+      <source>%1: its data system folder "%2" is not a full path (one that starts with "/")</source>
+      <translation>%1: sein Datensystemordner "%2" ist kein vollständiger Pfad (einer, der mit "/" beginnt)</translation>
+    </message>
+    <message>
+      <source>%1: %2 is outside the accepted range %3.</source>
+      <translation>%1: %2 liegt außerhalb des zulässigen Bereichs %3.</translation>
+    </message>
+    <message>
+      <source>%1: %2 with %3 %4 makes %5 vials; the accepted range is %6.</source>
+      <translation>%1: %2 mit %3 %4 ergibt %5 Gefäße; zulässig ist %6.</translation>
+    </message>
+    <message>
+      <source>%1: %2 is the name of a standard tray.</source>
+      <translation>%1: %2 ist der Name eines Standard-Trays.</translation>
+    </message>
+    <message>
+      <source>%1: %2 is the name of a standard rack.</source>
+      <translation>%1: %2 ist der Name eines Standard-Racks.</translation>
+    </message>
+    <message>
+      <source>%1: %2 is already the name of %3.</source>
+      <translation>%1: %2 ist bereits der Name von %3.</translation>
+    </message>
+    <message>
+      <source>%1: %2 is not a rack; accepted are %3 and the custom racks.</source>
+      <translation>%1: %2 ist kein Rack; zulässig sind %3 und die benutzerdefinierten Racks.</translation>
+    </message>
+    <message>
+      <source>A tray has no key %1.</source>
+      <translation>Ein Tray hat keinen Schlüssel %1.</translation>
+    </message>
+    <message>
+      <source>A rack has no key %1.</source>
+      <translation>Ein Rack hat keinen Schlüssel %1.</translation>
+    </message>
+    <message>
+      <source>%1 is in use: %2 holds it.</source>
+      <translation>%1 wird verwendet: %2 verweist darauf.</translation>
+    </message>
+    <message>
+      <source>%1 may be in use by a tray the damaged list hides: %2.</source>
+      <translation>%1 wird möglicherweise von einem Tray verwendet, den die beschädigte Liste verbirgt: %2.</translation>
+    </message>
+    <message>
+      <source>%1 does not load: %2.</source>
+      <translation>%1 wird nicht geladen: %2.</translation>
+    </message>
+    <message>
+      <source>The tray list of custrack.ini is damaged: %1. Entries it names may be missing; New, Copy and Delete of trays are refused until it is repaired in the file.</source>
+      <translation>Die Tray-Liste in custrack.ini ist beschädigt: %1. Einträge, die sie nennt, fehlen möglicherweise; Neu, Kopieren und Löschen von Trays sind gesperrt, bis sie in der Datei repariert ist.</translation>
+    </message>
+    <message>
+      <source>The rack list of custrack.ini is damaged: %1. Entries it names may be missing; New, Copy and Delete of racks are refused until it is repaired in the file.</source>
+      <translation>Die Rack-Liste in custrack.ini ist beschädigt: %1. Einträge, die sie nennt, fehlen möglicherweise; Neu, Kopieren und Löschen von Racks sind gesperrt, bis sie in der Datei repariert ist.</translation>
+    </message>
+    <message>
+      <source>No id is free: custom trays take the ids %1 to %2.</source>
+      <translation>Keine ID ist frei: benutzerdefinierte Trays erhalten die IDs %1 bis %2.</translation>
+    </message>
+    <message>
+      <source>No id is free: custom racks take the ids %1 to %2.</source>
+      <translation>Keine ID ist frei: benutzerdefinierte Racks erhalten die IDs %1 bis %2.</translation>
+    </message>
+    <message>
+      <source>a number up to %1</source>
+      <translation>eine Zahl bis %1</translation>
+    </message>
+    <message>
       <source>%1 (%2): ok</source>
       <translation>%1 (%2): in Ordnung</translation>
     </message>
@@ -674,14 +742,6 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
       <translation>Passwort:</translation>
     </message>
     <message>
-      <source>&amp;User name:</source>
-      <translation>&amp;Benutzername:</translation>
-    </message>
-    <message>
-      <source>&amp;Password:</source>
-      <translation>&amp;Passwort:</translation>
-    </message>
-    <message>
       <source>Checking the user name and password...</source>
       <translation>Benutzername und Passwort werden geprüft...</translation>
     </message>
@@ -744,6 +804,14 @@ Die Länge des Racks ist möglicherweise falsch.</translation>
     <message>
       <source>Save File</source>
       <translation>Datei speichern</translation>
+    </message>
+    <message>
+      <source>&amp;User name:</source>
+      <translation>&amp;Benutzername:</translation>
+    </message>
+    <message>
+      <source>&amp;Password:</source>
+      <translation>&amp;Passwort:</translation>
     </message>
     <message>
       <source>&amp;Aqueous Solution</source>

@@ -102,6 +102,74 @@
       <translation>%1: %2（%4 が示すデータシステムフォルダー "%3" のプログラムディレクトリ）</translation>
     </message>
     <message>
+      <source>%1: its data system folder "%2" is not a full path (one that starts with "/")</source>
+      <translation>%1: データシステムフォルダー "%2" は完全なパス（"/" で始まるパス）ではありません</translation>
+    </message>
+    <message>
+      <source>%1: %2 is outside the accepted range %3.</source>
+      <translation>%1: %2 は許容範囲 %3 の外です。</translation>
+    </message>
+    <message>
+      <source>%1: %2 with %3 %4 makes %5 vials; the accepted range is %6.</source>
+      <translation>%1: %2 と %3 %4 でバイアルが %5 本になります。許容範囲: %6。</translation>
+    </message>
+    <message>
+      <source>%1: %2 is the name of a standard tray.</source>
+      <translation>%1: %2 は標準トレイの名前です。</translation>
+    </message>
+    <message>
+      <source>%1: %2 is the name of a standard rack.</source>
+      <translation>%1: %2 は標準ラックの名前です。</translation>
+    </message>
+    <message>
+      <source>%1: %2 is already the name of %3.</source>
+      <translation>%1: %2 はすでに %3 の名前です。</translation>
+    </message>
+    <message>
+      <source>%1: %2 is not a rack; accepted are %3 and the custom racks.</source>
+      <translation>%1: %2 はラックではありません。許容されるのは %3 とカスタムラックです。</translation>
+    </message>
+    <message>
+      <source>A tray has no key %1.</source>
+      <translation>トレイにキー %1 はありません。</translation>
+    </message>
+    <message>
+      <source>A rack has no key %1.</source>
+      <translation>ラックにキー %1 はありません。</translation>
+    </message>
+    <message>
+      <source>%1 is in use: %2 holds it.</source>
+      <translation>%1 は使用中です: %2 が参照しています。</translation>
+    </message>
+    <message>
+      <source>%1 may be in use by a tray the damaged list hides: %2.</source>
+      <translation>%1 は、破損したリストに隠れたトレイで使用されている可能性があります: %2。</translation>
+    </message>
+    <message>
+      <source>%1 does not load: %2.</source>
+      <translation>%1 は読み込まれません: %2。</translation>
+    </message>
+    <message>
+      <source>The tray list of custrack.ini is damaged: %1. Entries it names may be missing; New, Copy and Delete of trays are refused until it is repaired in the file.</source>
+      <translation>custrack.ini のトレイリストが破損しています: %1。リストにあるエントリが欠けている可能性があります。ファイルで修復するまで、トレイの新規作成・コピー・削除はできません。</translation>
+    </message>
+    <message>
+      <source>The rack list of custrack.ini is damaged: %1. Entries it names may be missing; New, Copy and Delete of racks are refused until it is repaired in the file.</source>
+      <translation>custrack.ini のラックリストが破損しています: %1。リストにあるエントリが欠けている可能性があります。ファイルで修復するまで、ラックの新規作成・コピー・削除はできません。</translation>
+    </message>
+    <message>
+      <source>No id is free: custom trays take the ids %1 to %2.</source>
+      <translation>空いている ID がありません: カスタムトレイの ID は %1 から %2 です。</translation>
+    </message>
+    <message>
+      <source>No id is free: custom racks take the ids %1 to %2.</source>
+      <translation>空いている ID がありません: カスタムラックの ID は %1 から %2 です。</translation>
+    </message>
+    <message>
+      <source>a number up to %1</source>
+      <translation>%1 以下の数値</translation>
+    </message>
+    <message>
       <source>%1 (%2): ok</source>
       <translation>%1 (%2): 正常</translation>
     </message>
@@ -674,14 +742,6 @@ Length of the rack might be wrong.</source>
       <translation>パスワード:</translation>
     </message>
     <message>
-      <source>&amp;User name:</source>
-      <translation>ユーザー名(&amp;U):</translation>
-    </message>
-    <message>
-      <source>&amp;Password:</source>
-      <translation>パスワード(&amp;P):</translation>
-    </message>
-    <message>
       <source>Checking the user name and password...</source>
       <translation>ユーザー名とパスワードを確認しています...</translation>
     </message>
@@ -744,6 +804,14 @@ Length of the rack might be wrong.</source>
     <message>
       <source>Save File</source>
       <translation>ファイルを保存</translation>
+    </message>
+    <message>
+      <source>&amp;User name:</source>
+      <translation>ユーザー名(&amp;U):</translation>
+    </message>
+    <message>
+      <source>&amp;Password:</source>
+      <translation>パスワード(&amp;P):</translation>
     </message>
     <message>
       <source>&amp;Aqueous Solution</source>

@@ -51,6 +51,33 @@ constexpr std::array kMessageTemplates = {
     QT_TRANSLATE_NOOP("lumacfg",
                       "%1: %2 (the program directory of the data system folder \"%3\" that %4 "
                       "names)"),
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "%1: its data system folder \"%2\" is not a full path (one that starts "
+                      "with \"/\")"),
+    // The custom entries' editors' refusals: a value, a name, a default rack, a deletion, the
+    // damaged list of a kind, no free id.
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 is outside the accepted range %3."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 with %3 %4 makes %5 vials; the accepted range is %6."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 is the name of a standard tray."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 is the name of a standard rack."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 is already the name of %3."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1: %2 is not a rack; accepted are %3 and the custom racks."),
+    QT_TRANSLATE_NOOP("lumacfg", "A tray has no key %1."),
+    QT_TRANSLATE_NOOP("lumacfg", "A rack has no key %1."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 is in use: %2 holds it."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 may be in use by a tray the damaged list hides: %2."),
+    QT_TRANSLATE_NOOP("lumacfg", "%1 does not load: %2."),
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "The tray list of custrack.ini is damaged: %1. Entries it names may be "
+                      "missing; New, Copy and Delete of trays are refused until it is repaired "
+                      "in the file."),
+    QT_TRANSLATE_NOOP("lumacfg",
+                      "The rack list of custrack.ini is damaged: %1. Entries it names may be "
+                      "missing; New, Copy and Delete of racks are refused until it is repaired "
+                      "in the file."),
+    QT_TRANSLATE_NOOP("lumacfg", "No id is free: custom trays take the ids %1 to %2."),
+    QT_TRANSLATE_NOOP("lumacfg", "No id is free: custom racks take the ids %1 to %2."),
+    QT_TRANSLATE_NOOP("lumacfg", "a number up to %1"),
     // A custom entry in the list of its editor, with the loader's verdict; the verdict's fault
     // names a key, the value it holds and what the loader accepts for it. Kept after the
     // templates above, which a tray's or rack's name could otherwise be taken into.

@@ -174,6 +174,19 @@ TEST_F(TranslationTest, CaptionsAndComposedMessagesAreTranslatedAndValuesStay) {
          "Micro (1002): " + FromAnsi(DescribeFault({"RACK_X_DIST", "x", "1..999"})),
          {},
          "Micro (1002): RACK_X_DIST=\"x\" (zulässig: 1..999)"},
+        // The editors' refusals, a damaged list's fault composed in its turn.
+        {"de",
+         "The rack list of custrack.ini is damaged: [INDEX] Rack_Num=\"abc\" (accepted: a number "
+         "up to 1000). Entries it names may be missing; New, Copy and Delete of racks are "
+         "refused until it is repaired in the file.",
+         {},
+         "Die Rack-Liste in custrack.ini ist beschädigt: [INDEX] Rack_Num=\"abc\" (zulässig: eine "
+         "Zahl bis 1000). Einträge, die sie nennt, fehlen möglicherweise; Neu, Kopieren und "
+         "Löschen von Racks sind gesperrt, bis sie in der Datei repariert ist."},
+        {"ja",
+         "RACK_1000 \"50 mL 5x8\" is in use: [CURRENT] RACK1_ID holds it.",
+         {},
+         "RACK_1000 \"50 mL 5x8\" は使用中です: [CURRENT] RACK1_ID が参照しています。"},
         // Values: a file name, and English shows everything as the core wrote it.
         {"de", "GENERAL.QCC", {}, "GENERAL.QCC"},
         {"en", "Miscellaneous...", 'M', "&Miscellaneous..."},
