@@ -190,9 +190,9 @@ TEST_F(CustrackEntriesTest, AnEntryInUseIsNotDeleted) {
 }
 
 TEST_F(CustrackEntriesTest, WritingChangesOnlyTheEditedKeysAndKeepsTheListDense) {
-    // The comment and blank line before "[RACK_1001]" are its own: they stay when 1000 goes.
+    // A comment in "[RACK_1001]" is that section's: it stays when 1000 goes.
     std::string original = Tables() + Ini("[CURRENT];CUSTOMTRAY=0;TRAY_ID=0");
-    original.insert(original.find("[RACK_1001]"), "\r\n; the next rack\r\n");
+    original.insert(original.find("[RACK_1002]"), "; rack 1001's note\r\n\r\n");
     const struct {
         std::string name;
         void (*edit)(CustrackEntries&);
