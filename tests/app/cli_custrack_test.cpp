@@ -71,6 +71,8 @@ TEST_F(CliCustrackTest, EditsAreWrittenAsTheEditorWritesThem) {
          {{"Rack_Num=3\r\n", "Rack_Num=2\r\n"},
           {"Rack3_ID=1002\r\n", ""},
           {"[RACK_1002]\r\nID=1002\r\nID_STR=Micro\r\nVIAL_X_NUM=20\r\nVIAL_Y_NUM=50\r\n", ""}}},
+        {{"set", "RACK_1000", "ID_STR=Short"}, "unchanged\n", {}},
+        {{"set", "--dry-run", "RACK_1000", "ID_STR=Short"}, "unchanged\n", {}},
         {{"new", "tray", "ID_STR=Third", "RACK_X_NUM=1", "DEFRACK1=60"},
          "TRAY_1001\n",
          {{"Rack3_ID=1002\r\n", "Rack3_ID=1002\r\nTray2_ID=1001\r\n"},
@@ -82,7 +84,7 @@ TEST_F(CliCustrackTest, EditsAreWrittenAsTheEditorWritesThem) {
            "BOTTLE_Y_ORG=0\r\nBOTTLE_X_DIST=0\r\nBOTTLE_DEPTH=0\r\n"}}},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.args.front() + " " + c.args[1]);
+        SCOPED_TRACE(testing::PrintToString(c.args));
         support::WriteBytes(Custrack(), kFile);
         const CliResult result = Run(c.args);
         EXPECT_EQ(result.exit, 0) << result.err;

@@ -128,7 +128,7 @@ int List(std::ostream& out, std::ostream& err) {
 
 // The edit held back until it passed, then written (the audit log's records first), or shown
 // as a diff for a dry run. A new entry's section is printed once it is written, or with the
-// diff of a dry run.
+// diff of a dry run; an edit that changes no byte says "unchanged", as apply does.
 int RunEdit(const CustrackEdit& edit, bool dryRun, std::ostream& out, std::ostream& err) {
     int exit = kExitOk;
     std::string made;
@@ -139,17 +139,16 @@ int RunEdit(const CustrackEdit& edit, bool dryRun, std::ostream& out, std::ostre
             exit = Edit(*entries, edit, made, err);
             if (exit == kExitOk) {
                 (void)entries->Write();
-                if (dryRun) {
-                    previews = held.Preview();
-                } else if (!held.Commit()) {
-                    exit = kExitFileFailed;
-                }
+                previews = held.Preview();
+                if (!dryRun && !held.Commit()) exit = kExitFileFailed;
             }
         }
     }
     exit = WithFailures(exit, platform::Failures().Take(), err);
     if (exit != kExitOk) return exit;
     if (!made.empty()) out << made << '\n';
+    if (previews.empty()) out << "unchanged\n";
+    if (!dryRun) return exit;
     for (const FilePreview& preview : previews) {
         out << UnifiedDiff(preview.path, preview.before, preview.after);
     }
