@@ -15,9 +15,9 @@ void RememberStationAsLoaded(const ConfigRecord& record);
 const ConfigRecord& StationAsLoaded();
 
 // One "field-changed" event per stored field whose text, as the next start would load it from
-// the files, differs, in the record's order; the
-// working state of the program (ROOT_PATH, ADDON_FLAGS, AUTOMATE, CAN_EDIT, SAVE_REQ, REG_DIRTY,
-// RESET_COM_PORT) is not the station's and is left out.
+// the files, differs, in the record's order; the working state of the program (ROOT_PATH,
+// ADDON_FLAGS, AUTOMATE, CAN_EDIT, SAVE_REQ, REG_DIRTY, RESET_COM_PORT) is not the station's and
+// is left out.
 std::vector<platform::AuditEvent> FieldChanges(const ConfigRecord& before,
                                                const ConfigRecord& after);
 
